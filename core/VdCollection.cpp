@@ -1,0 +1,134 @@
+#include "core/VdCollection.h"
+
+#include "core/VdError.h"
+#include "core/VdSelectParser.h"
+
+namespace vd {
+
+TVdCollectionItem::TVdCollectionItem() = default;
+TVdCollectionItem::~TVdCollectionItem() = default;
+
+void TVdCollectionItem::SetParser(TVdSelectParser* parser)
+{
+    FParser = parser;
+}
+
+void TVdCollectionItem::Assign(const TVdCollectionItem&)
+{
+}
+
+std::string TVdCollectionItem::ProcessName(const std::string& name) const
+{
+    if (!FParser)
+        return name;
+    const TVdSQLScanner& scanner = FParser->Scanner();
+    // A file-name table such as customer.db is quoted as one name, not split at its dot.
+    if (scanner.GetQuoteIdentifiers() && text::Lower(name).find(".db") != std::string::npos) {
+        const char quote = scanner.GetIdentQuote();
+        return quote + name + quote;
+    }
+    return scanner.ProcessName(name);
+}
+
+std::string TVdCollectionItem::ProcessKeyword(const std::string& word) const
+{
+    return FParser ? FParser->ProcessKeyword(word) : word;
+}
+
+std::string TVdCollectionItem::ProcessFunction(const std::string& name) const
+{
+    return FParser ? FParser->ProcessFunction(name) : name;
+}
+
+TVdCollection::TVdCollection(TItemFactory factory)
+    : FFactory(std::move(factory))
+{
+}
+
+TVdCollection::~TVdCollection()
+{
+    Clear();
+}
+
+TVdCollectionItem* TVdCollection::GetItem(int index) const
+{
+    if (index < 0 || index >= int(FItems.size()))
+        throw EVdListError(index);
+    return FItems[size_t(index)].get();
+}
+
+TVdCollectionItem* TVdCollection::AddItem()
+{
+    return InsertItem(int(FItems.size()));
+}
+
+TVdCollectionItem* TVdCollection::InsertItem(int index)
+{
+    if (index < 0 || index > int(FItems.size()))
+        throw EVdListError(index);
+    std::unique_ptr<TVdCollectionItem> item = FFactory();
+    TVdCollectionItem* raw = item.get();
+    raw->FCollection = this;
+    FItems.insert(FItems.begin() + index, std::move(item));
+    Renumber(size_t(index));
+    raw->SetParser(FParser);
+    raw->Added();
+    return raw;
+}
+
+void TVdCollection::Delete(int index)
+{
+    TVdCollectionItem* item = GetItem(index);
+    item->Removing();
+    std::unique_ptr<TVdCollectionItem> owned = std::move(FItems[size_t(index)]);
+    FItems.erase(FItems.begin() + index);
+    Renumber(size_t(index));
+    owned.reset();
+}
+
+void TVdCollection::Clear()
+{
+    if (FItems.empty())
+        return;
+    Clearing();
+    std::vector<std::unique_ptr<TVdCollectionItem>> items;
+    items.swap(FItems);
+    items.clear();
+}
+
+void TVdCollection::Assign(const TVdCollection& source)
+{
+    if (&source == this)
+        return;
+    BeginUpdate();
+    Clear();
+    for (const auto& item : source.FItems)
+        AddItem()->Assign(*item);
+    EndUpdate();
+}
+
+void TVdCollection::BeginUpdate()
+{
+    ++FUpdateCount;
+}
+
+void TVdCollection::EndUpdate()
+{
+    if (FUpdateCount > 0)
+        --FUpdateCount;
+}
+
+void TVdCollection::SetParser(TVdSelectParser* parser)
+{
+    FParser = parser;
+    for (auto& item : FItems)
+        item->SetParser(parser);
+}
+
+void TVdCollection::Renumber(size_t from)
+{
+    for (size_t i = from; i < FItems.size(); ++i)
+        FItems[i]->FIndexInCollection = int(i);
+}
+
+} // namespace vd

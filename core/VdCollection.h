@@ -1,0 +1,101 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vd {
+
+class TVdCollection;
+class TVdSelectParser;
+
+// An item owned by a TVdCollection. It knows the parser that owns the whole model, through
+// which it finds the scanner (quoting) and the script format (letter case).
+class TVdCollectionItem
+{
+public:
+    TVdCollectionItem();
+    virtual ~TVdCollectionItem();
+    TVdCollectionItem(const TVdCollectionItem&) = delete;
+    TVdCollectionItem& operator=(const TVdCollectionItem&) = delete;
+
+    TVdSelectParser* Parser() const { return FParser; }
+    virtual void SetParser(TVdSelectParser* parser);
+    // Copies the contents of another item of a compatible class.
+    virtual void Assign(const TVdCollectionItem& source);
+
+    TVdCollection* Collection() const { return FCollection; }
+    int Index() const { return FIndexInCollection; }
+
+    std::string ProcessName(const std::string& name) const;
+    std::string ProcessKeyword(const std::string& word) const;
+    std::string ProcessFunction(const std::string& name) const;
+
+protected:
+    // Called once the item stands in its collection, and just before it leaves it.
+    virtual void Added() {}
+    virtual void Removing() {}
+
+private:
+    friend class TVdCollection;
+    TVdSelectParser* FParser = nullptr;
+    TVdCollection* FCollection = nullptr;
+    int FIndexInCollection = -1;
+};
+
+// An owning collection. Items are made by the factory the collection was given, so a
+// subclass decides the item class; Add hands the new item the collection's parser.
+class TVdCollection
+{
+public:
+    using TItemFactory = std::function<std::unique_ptr<TVdCollectionItem>()>;
+
+    explicit TVdCollection(TItemFactory factory);
+    virtual ~TVdCollection();
+    TVdCollection(const TVdCollection&) = delete;
+    TVdCollection& operator=(const TVdCollection&) = delete;
+
+    int Count() const { return int(FItems.size()); }
+    // Throws EVdListError for a position out of range.
+    TVdCollectionItem* GetItem(int index) const;
+    TVdCollectionItem* AddItem();
+    TVdCollectionItem* InsertItem(int index);
+    void Delete(int index);
+    void Clear();
+
+    // Replaces the contents with copies of the source's items.
+    virtual void Assign(const TVdCollection& source);
+    virtual void BeginUpdate();
+    virtual void EndUpdate();
+    int UpdateCount() const { return FUpdateCount; }
+
+    TVdSelectParser* Parser() const { return FParser; }
+    virtual void SetParser(TVdSelectParser* parser);
+
+protected:
+    const std::vector<std::unique_ptr<TVdCollectionItem>>& RawItems() const { return FItems; }
+    // Called before Clear removes all items; lets subclasses do bulk bookkeeping.
+    virtual void Clearing() {}
+
+private:
+    void Renumber(size_t from);
+
+    TItemFactory FFactory;
+    std::vector<std::unique_ptr<TVdCollectionItem>> FItems;
+    TVdSelectParser* FParser = nullptr;
+    int FUpdateCount = 0;
+};
+
+// Typed access over TVdCollection for a known item class.
+template <class Item>
+class TVdCollectionOf : public TVdCollection
+{
+public:
+    using TVdCollection::TVdCollection;
+    Item* Items(int index) const { return static_cast<Item*>(GetItem(index)); }
+    Item* Add() { return static_cast<Item*>(AddItem()); }
+    Item* Insert(int index) { return static_cast<Item*>(InsertItem(index)); }
+};
+
+} // namespace vd

@@ -1,0 +1,149 @@
+#include "core/VdFieldDef.h"
+
+#include "core/VdScanner.h"
+#include "core/VdSelectParser.h"
+#include "core/VdTableDef.h"
+
+namespace vd {
+
+TVdFieldDef::TVdFieldDef() = default;
+
+TVdFieldDef::~TVdFieldDef() = default;
+
+TVdTableDef* TVdFieldDef::Table() const
+{
+    const auto* list = dynamic_cast<const TVdFieldDefs*>(Collection());
+    return list ? dynamic_cast<TVdTableDef*>(list->Owner()) : nullptr;
+}
+
+TVdTableDefs* TVdFieldDef::TableDefs() const
+{
+    const TVdTableDef* table = Table();
+    return table ? dynamic_cast<TVdTableDefs*>(table->Collection()) : nullptr;
+}
+
+void TVdFieldDef::Added()
+{
+    if (TVdTableDefs* tables = TableDefs())
+        tables->FieldAdded(*this);
+    else
+        FIndex = Index();
+}
+
+void TVdFieldDef::Removing()
+{
+    if (TVdTableDefs* tables = TableDefs())
+        tables->FieldRemoved(*this);
+}
+
+void TVdFieldDef::SetAlias(const std::string& alias)
+{
+    if (alias == FAlias)
+        return;
+    if (TVdTableDefs* tables = TableDefs())
+        tables->AliasChanged(FAlias, alias);
+    FAlias = alias;
+}
+
+void TVdFieldDef::Assign(const TVdCollectionItem& source)
+{
+    TVdFunctionDef::Assign(source);
+    if (const auto* src = dynamic_cast<const TVdFieldDef*>(&source)) {
+        SetAlias(src->FAlias);
+        FParamType = src->FParamType;
+    }
+}
+
+std::string TVdFieldDef::GetScript() const
+{
+    std::string script = TVdFunctionDef::GetScript();
+    if (!FAlias.empty() && FAlias != FName)
+        script += " " + ProcessKeyword("AS") + " " + ProcessAlias(FAlias);
+    return script;
+}
+
+void TVdFieldDef::SetName(const std::string& name)
+{
+    if (FAlias == FName)
+        SetAlias(GenerateAlias(name, false));
+    TVdFunctionDef::SetName(name);
+}
+
+void TVdFieldDef::SetKind(TVdFunctionKind kind)
+{
+    if (FAlias == FName && kind != fkUnknown && kind != fkIdentifier)
+        SetAlias(GenerateAlias("FIELD_", true));
+    TVdFunctionDef::SetKind(kind);
+}
+
+void TVdFieldDef::Clear()
+{
+    TVdFunctionDef::Clear();
+    SetAlias(std::string());
+}
+
+std::string TVdFieldDef::GenerateAlias(const std::string& name, bool unique) const
+{
+    if (TVdTableDefs* tables = TableDefs())
+        return tables->GetUniqueAlias(name, unique);
+    return unique ? name + "1" : name;
+}
+
+std::string TVdFieldDef::GetTableAlias() const
+{
+    const TVdTableDef* table = Table();
+    if (!table)
+        return std::string();
+    return table->Alias().empty() ? table->Name() : table->Alias();
+}
+
+std::string TVdFieldDef::ProcessAlias(const std::string& alias) const
+{
+    if (Parser() && Parser()->Scanner().GetProcessAliases())
+        return ProcessName(alias);
+    return alias;
+}
+
+TVdFieldDefs::TVdFieldDefs(TVdCollectionItem* owner)
+    : TVdFunctionDefs(owner, [] { return std::make_unique<TVdFieldDef>(); })
+{
+}
+
+TVdFieldDef* TVdFieldDefs::FindByName(const std::string& name) const
+{
+    for (int i = 0; i < Count(); ++i)
+        if (Items(i)->Name() == name)
+            return Items(i);
+    return nullptr;
+}
+
+TVdFieldDef* TVdFieldDefs::FindByAlias(const std::string& alias) const
+{
+    for (int i = 0; i < Count(); ++i)
+        if (Items(i)->Alias() == alias)
+            return Items(i);
+    return nullptr;
+}
+
+std::string TVdFieldDefs::GetScript() const
+{
+    std::string result;
+    for (int i = 0; i < Count(); ++i) {
+        const TVdFieldDef* field = Items(i);
+        if (field->IsInputParam())
+            continue;
+        result += "  " + field->GetScript();
+        if (i < Count() - 1)
+            result += ",\r\n";
+    }
+    return result;
+}
+
+void TVdFieldDefs::Clearing()
+{
+    if (auto* table = dynamic_cast<TVdTableDef*>(Owner()))
+        if (auto* tables = dynamic_cast<TVdTableDefs*>(table->Collection()))
+            tables->FieldsRemoved(*table);
+}
+
+} // namespace vd

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "core/VdCollection.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace vd {
+
+enum TVdFunctionKind : std::uint8_t {
+    fkUnknown,
+    fkFunction,
+    fkIdentifier,
+    fkInteger,
+    fkFloat,
+    fkString,
+    fkExpression
+};
+
+class TVdFunctionDefs;
+class TVdTableDef;
+
+// One expression node: a function call with its arguments, an identifier or a literal.
+class TVdFunctionDef : public TVdCollectionItem
+{
+public:
+    TVdFunctionDef();
+    ~TVdFunctionDef() override;
+
+    void SetParser(TVdSelectParser* parser) override;
+    virtual std::unique_ptr<TVdFunctionDefs> CreateArguments();
+    virtual std::string GetScript() const;
+    virtual void SetName(const std::string& name);
+    virtual void SetKind(TVdFunctionKind kind);
+    // Back to an empty node of unknown kind without arguments.
+    virtual void Clear();
+    void Assign(const TVdCollectionItem& source) override;
+
+    const std::string& Name() const { return FName; }
+    TVdFunctionKind Kind() const { return FKind; }
+    // The argument list, made on first use through CreateArguments.
+    TVdFunctionDefs& Arguments();
+    int ArgumentCount() const;
+    const TVdFunctionDef* Argument(int index) const;
+
+    // The table whose field this node is part of, reached through nested argument lists.
+    const TVdTableDef* OwnerTable() const;
+
+protected:
+    std::string FName;
+    std::unique_ptr<TVdFunctionDefs> FArguments;
+    TVdFunctionKind FKind = fkUnknown;
+};
+
+// An argument list or a table's field list; Owner is the item these belong to.
+class TVdFunctionDefs : public TVdCollectionOf<TVdFunctionDef>
+{
+public:
+    explicit TVdFunctionDefs(TVdCollectionItem* owner, TItemFactory factory = nullptr);
+
+    // The items' scripts joined by ", ".
+    virtual std::string GetScript() const;
+    TVdCollectionItem* Owner() const { return FOwner; }
+
+private:
+    TVdCollectionItem* FOwner;
+};
+
+} // namespace vd

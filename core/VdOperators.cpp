@@ -1,0 +1,81 @@
+#include "core/VdOperators.h"
+
+#include "core/VdText.h"
+
+namespace vd {
+
+void TVdOperator::Assign(const TVdCollectionItem& source)
+{
+    const auto* src = dynamic_cast<const TVdOperator*>(&source);
+    if (!src || src == this)
+        return;
+    Count = src->Count;
+    Prefix = src->Prefix;
+    Relate = src->Relate;
+    Caption = src->Caption;
+    Name = src->Name;
+    Postfix = src->Postfix;
+}
+
+TVdOperators::TVdOperators()
+    : TVdCollectionOf<TVdOperator>([] { return std::make_unique<TVdOperator>(); })
+{
+}
+
+TVdOperator* TVdOperators::Add(const std::string& name, const std::string& caption, int count,
+                               const std::string& relate, const std::string& prefix,
+                               const std::string& postfix)
+{
+    TVdOperator* op = Add();
+    op->Name = name;
+    op->Caption = caption;
+    op->Count = count;
+    op->Relate = relate;
+    op->Prefix = prefix;
+    op->Postfix = postfix;
+    return op;
+}
+
+TVdOperator* TVdOperators::FindByCaption(const std::string& text) const
+{
+    for (int i = 0; i < Count(); ++i)
+        if (Items(i)->Caption == text)
+            return Items(i);
+    return nullptr;
+}
+
+TVdOperator* TVdOperators::FindByName(const std::string& text) const
+{
+    for (int i = 0; i < Count(); ++i)
+        if (Items(i)->Name == text)
+            return Items(i);
+    return nullptr;
+}
+
+TVdOperator* TVdOperators::FindNearest(const std::string& text, bool& partial) const
+{
+    const std::string upper = text::Upper(text);
+    for (int i = 0; i < Count(); ++i) {
+        TVdOperator* op = Items(i);
+        const std::string caption = text::Upper(op->Caption);
+        if (upper.compare(0, caption.size(), caption) == 0) {
+            partial = upper.size() != caption.size();
+            return op;
+        }
+    }
+    return nullptr;
+}
+
+bool TVdOperators::IsCaptionStart(const std::string& text) const
+{
+    const std::string upper = text::Upper(text);
+    for (int i = 0; i < Count(); ++i) {
+        const std::string caption = text::Upper(Items(i)->Caption);
+        if (caption.size() > upper.size() && caption.compare(0, upper.size(), upper) == 0
+            && caption[upper.size()] == ' ')
+            return true;
+    }
+    return false;
+}
+
+} // namespace vd

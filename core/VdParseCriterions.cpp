@@ -1,0 +1,344 @@
+// WHERE and HAVING conditions: criteria, operators read as their tokens arrive, connectors.
+#include "core/VdSelectParser.h"
+
+#include <vector>
+
+namespace vd {
+
+class TVdCriteriaReader
+{
+public:
+    TVdCriteriaReader(TVdSelectParser& parser, TVdCriterions& list)
+        : P(parser)
+        , S(parser.Scanner())
+        , List(list)
+    {
+    }
+
+    void Read();
+
+private:
+    enum TStep { stContinue, stStop };
+
+    TStep OpenParenthesis();
+    TStep CloseParenthesis();
+    TStep Operand();
+    TStep OperatorWord();
+    TStep Connector();
+    bool ReadArguments(const TVdOperator& op);
+    bool ReadEnclosedArgument(const TVdOperator& op);
+    bool CompletePending();
+    void MoveUp();
+    void SetCurrent(TVdCriterion* criterion);
+    bool InOperatorPosition() const;
+    bool IsConnector() const;
+    TVdCriterions& Target() const { return Current ? Current->SubItems() : List; }
+    void Regroup(TVdCriterion& criterion);
+
+    TVdSelectParser& P;
+    TVdSQLScanner& S;
+    TVdCriterions& List;
+    TVdCriterion* Current = nullptr;
+    bool LeftRead = false;     // the current comparison has its left side
+    bool OperatorRead = false; // ... and its operator with all arguments
+    std::string Pending;       // operator text read so far ("IS NOT" on the way to "IS NOT NULL")
+    TVdSQLScanner::TState PendingStart{};
+    bool AfterClose = false;     // the token before was ")"
+    bool ForceConnector = false; // read the current word as a connector, not as an operator
+    // For every open "(": true when it is the parenthesis of a NOT, false for a criterion's.
+    std::vector<bool> Parentheses;
+};
+
+void TVdCriteriaReader::SetCurrent(TVdCriterion* criterion)
+{
+    Current = criterion;
+    LeftRead = false;
+    OperatorRead = false;
+}
+
+bool TVdCriteriaReader::InOperatorPosition() const
+{
+    return Current && !Current->IsGroup() && LeftRead && !OperatorRead;
+}
+
+bool TVdCriteriaReader::IsConnector() const
+{
+    return S.TokenKind() == tkKeyword && !S.TokenQuoted()
+           && (P.IsWord("AND") || P.IsWord("OR") || P.IsWord("NOT"));
+}
+
+// The comparison standing open is complete; the criterion that owns its list becomes current.
+bool TVdCriteriaReader::CompletePending()
+{
+    if (!Current)
+        return true;
+    if (!Current->IsGroup() && (!LeftRead || !OperatorRead || !Pending.empty()))
+        return false;
+    MoveUp();
+    return true;
+}
+
+void TVdCriteriaReader::MoveUp()
+{
+    TVdCriterion* parent = Current ? Current->ParentCriterion() : nullptr;
+    Current = parent;
+    // A criterion reached again by moving up is a group, already complete.
+    LeftRead = OperatorRead = parent != nullptr;
+}
+
+TVdCriteriaReader::TStep TVdCriteriaReader::OpenParenthesis()
+{
+    if (InOperatorPosition() || (Current && !Current->IsGroup() && OperatorRead)) {
+        P.Fail();
+        return stStop;
+    }
+    TVdCriterion* criterion = Current ? Current->SubItems().Add() : List.Add();
+    SetCurrent(criterion);
+    Parentheses.push_back(false);
+    P.Next();
+    return stContinue;
+}
+
+TVdCriteriaReader::TStep TVdCriteriaReader::CloseParenthesis()
+{
+    if (Parentheses.empty())
+        return stStop; // not ours: the clause step sees it
+    const bool notParenthesis = Parentheses.back();
+    Parentheses.pop_back();
+    if (!notParenthesis) {
+        if (!Current || !CompletePending()) {
+            P.Fail();
+            return stStop;
+        }
+    }
+    AfterClose = true;
+    P.Next();
+    return stContinue;
+}
+
+TVdCriteriaReader::TStep TVdCriteriaReader::Operand()
+{
+    if (!Current)
+        SetCurrent(List.Add());
+    TVdTableDef* unused = nullptr;
+    const std::uint32_t stops = TVdSelectParser::KindBit(tkKeyword) | TVdSelectParser::KindBit(tkComparison);
+    if (Pending.empty()) {
+        if (LeftRead || Current->IsGroup()) {
+            P.Fail();
+            return stStop;
+        }
+        P.DoParseExpression(Current->LeftSide(), unused, stops, std::string(), TVdExprContext::Condition);
+        LeftRead = true;
+    } else {
+        // "A <= 5": "<=" was left pending as a partial match of "<"; the operand completes it.
+        Current->SetOperator(Pending);
+        TVdFunctionDefs& right = Current->RightSide();
+        TVdFunctionDef* arg = right.Count() > 0 ? right.Items(right.Count() - 1) : right.Add();
+        P.DoParseExpression(*arg, unused, stops, std::string(), TVdExprContext::Condition);
+        Pending.clear();
+        OperatorRead = true;
+    }
+    return P.State() == ssError ? stStop : stContinue;
+}
+
+// "IN (1, 2)": the whole enclosed list is the one argument, kept as written.
+bool TVdCriteriaReader::ReadEnclosedArgument(const TVdOperator& op)
+{
+    if (!P.IsWord(op.Prefix.c_str()))
+        return false;
+    const int start = S.TokenStart();
+    int end = S.TokenEnd();
+    if (op.Prefix == "(" && op.Postfix == ")") {
+        int depth = 0;
+        do {
+            if (P.IsDelimToken('('))
+                ++depth;
+            else if (P.IsDelimToken(')'))
+                --depth;
+            end = S.TokenEnd();
+            P.Next();
+        } while (depth > 0 && S.TokenKind() != tkEnd);
+        if (depth > 0)
+            return false;
+        TVdFunctionDef* arg = Current->RightSide().Add();
+        arg->SetName(S.Expression().substr(size_t(start - 1), size_t(end - start)));
+        arg->SetKind(fkExpression);
+        return true;
+    }
+    P.Next();
+    TVdTableDef* unused = nullptr;
+    P.DoParseExpression(*Current->RightSide().Add(), unused, 0, std::string(), TVdExprContext::Condition);
+    if (P.State() == ssError || !P.IsWord(op.Postfix.c_str()))
+        return false;
+    P.Next();
+    return true;
+}
+
+bool TVdCriteriaReader::ReadArguments(const TVdOperator& op)
+{
+    P.Next();
+    Current->RightSide().Clear();
+    const std::uint32_t stops = TVdSelectParser::KindBit(tkKeyword) | TVdSelectParser::KindBit(tkComparison);
+    for (int i = 0; i < op.Count; ++i) {
+        if (i > 0 && !op.Relate.empty()) {
+            if (!P.IsWord(op.Relate.c_str()))
+                return false;
+            P.Next();
+        }
+        if (!op.Prefix.empty()) {
+            if (!ReadEnclosedArgument(op))
+                return false;
+            continue;
+        }
+        TVdTableDef* unused = nullptr;
+        P.DoParseExpression(*Current->RightSide().Add(), unused, stops, std::string(), TVdExprContext::Condition);
+        if (P.State() == ssError)
+            return false;
+        if (!op.Postfix.empty()) {
+            if (!P.IsWord(op.Postfix.c_str()))
+                return false;
+            P.Next();
+        }
+    }
+    return true;
+}
+
+TVdCriteriaReader::TStep TVdCriteriaReader::OperatorWord()
+{
+    std::string text = Pending;
+    if (!text.empty() && S.SpaceCount() > 0)
+        text += ' ';
+    text += S.Token();
+    bool partial = false;
+    const TVdOperator* op = P.Operators().FindNearest(text, partial);
+    if (op && !partial) {
+        if (!ReadArguments(*op)) {
+            P.Fail();
+            return stStop;
+        }
+        Current->SetOperator(op->Caption);
+        Pending.clear();
+        OperatorRead = true;
+        return stContinue;
+    }
+    if (op || P.Operators().IsCaptionStart(text)) {
+        if (Pending.empty())
+            PendingStart = S.SaveState();
+        Pending = text;
+        P.Next();
+        return stContinue;
+    }
+    // No operator reads this way: back to where the operator text began, as a connector.
+    if (!Pending.empty())
+        S.RestoreState(PendingStart);
+    Pending.clear();
+    ForceConnector = true;
+    return stContinue;
+}
+
+TVdCriteriaReader::TStep TVdCriteriaReader::Connector()
+{
+    ForceConnector = false;
+    if (P.IsWord("NOT")) {
+        Target().Filter = cfNone;
+        P.Next();
+        // NOT (...) is how a cfNone or cfNotAll list prints: that parenthesis is the NOT's own.
+        if (P.IsDelimToken('(')) {
+            Parentheses.push_back(true);
+            P.Next();
+        }
+        return stContinue;
+    }
+    const bool isAnd = P.IsWord("AND");
+    if (!isAnd && !P.IsWord("OR"))
+        return stStop;
+    if (!AfterClose && !CompletePending()) {
+        P.Fail();
+        return stStop;
+    }
+    TVdCriterions& target = Target();
+    const TVdCriterionFilter before = target.Filter;
+    if (isAnd)
+        target.Filter = before == cfAny ? cfAll : before == cfNotAll ? cfNone : before;
+    else
+        target.Filter = before == cfAll ? cfAny : before == cfNone ? cfNotAll : before;
+    if (Current) {
+        TVdCriterions* holder = Current->OwnerList();
+        if (target.Filter != before && holder && holder->Count() > 2)
+            Regroup(*Current);
+        // Inside a group every item after a connector stands in parentheses.
+        if (!P.PeekIs("(")) {
+            P.Fail();
+            return stStop;
+        }
+    }
+    P.Next();
+    return stContinue;
+}
+
+// Puts a new group before the criterion and moves the other items of its list into the group.
+// The walk goes on with the next position after a deletion, so the item that moved into the
+// freed place is passed over, and it runs to the count taken after the insertion: once an
+// item has moved, the last position asked for is past the end and the list raises its index
+// error, which leaves the parser as an exception.
+void TVdCriteriaReader::Regroup(TVdCriterion& criterion)
+{
+    TVdCriterions& list = *criterion.OwnerList();
+    TVdCriterion* group = list.Insert(criterion.Index());
+    const int n = list.Count();
+    for (int i = 0; i < n; ++i) {
+        if (i == group->Index() || i == criterion.Index())
+            continue;
+        group->SubItems().Add()->Assign(*list.Items(i));
+        list.Delete(i);
+    }
+    group->SubItems().Filter = list.Filter;
+}
+
+void TVdCriteriaReader::Read()
+{
+    for (;;) {
+        TStep step = stStop;
+        const TTokenKind kind = S.TokenKind();
+        const bool quoted = S.TokenQuoted();
+        const bool closing = !quoted && P.IsDelimToken(')');
+        if (kind == tkEnd)
+            break;
+        if (ForceConnector || (IsConnector() && Pending.empty() && !InOperatorPosition()))
+            step = Connector();
+        else if (!quoted && P.IsDelimToken('(') && Pending.empty())
+            step = OpenParenthesis();
+        else if (!quoted && P.IsDelimToken(')'))
+            step = CloseParenthesis();
+        else if (!quoted && (kind == tkKeyword || kind == tkComparison
+                             || (kind == tkIdent && (InOperatorPosition() || !Pending.empty()))))
+            step = (InOperatorPosition() || !Pending.empty()) ? OperatorWord() : stStop;
+        else if (P.IsOperandKind() || (!Pending.empty() && P.IsDelimToken('(')))
+            step = Operand();
+        else if (InOperatorPosition())
+            step = OperatorWord();
+        else
+            P.Fail();
+        if (step == stStop)
+            break;
+        if (!closing)
+            AfterClose = false;
+        if (P.State() == ssError)
+            return;
+    }
+    if (P.State() == ssError)
+        return;
+    // The condition ends at a clause keyword or the end: everything opened must be closed.
+    if (!Parentheses.empty() || !Pending.empty() || !CompletePending()) {
+        P.Fail();
+        return;
+    }
+}
+
+void TVdSelectParser::DoParseCriterions(TVdCriterions& list)
+{
+    TVdCriteriaReader reader(*this, list);
+    reader.Read();
+}
+
+} // namespace vd

@@ -1,0 +1,225 @@
+// Expressions: function calls, qualified names, literals, and anything longer kept as text.
+#include "core/VdSelectParser.h"
+
+namespace vd {
+
+// Reads one expression for TVdSelectParser::DoParseExpression. Single tokens, function calls
+// and qualified names become typed nodes; any other run of tokens becomes an fkExpression
+// node whose name is the text exactly as written, so that it prints back to itself.
+class TVdExpressionReader
+{
+public:
+    TVdExpressionReader(TVdSelectParser& parser, std::uint32_t stopKinds, const std::string& stopWord,
+                        TVdExprContext context)
+        : P(parser)
+        , S(parser.Scanner())
+        , StopKinds(stopKinds)
+        , StopWord(stopWord)
+        , Context(context)
+    {
+    }
+
+    void Read(TVdFunctionDef& node, TVdTableDef*& table);
+
+private:
+    bool AtStop(int depth) const;
+    void Consume()
+    {
+        LastEnd = S.TokenEnd();
+        P.Next();
+    }
+    bool ReadCall(TVdFunctionDef& node, TVdTableDef*& table);
+    bool ReadQualified(TVdFunctionDef& node, TVdTableDef*& table);
+    void ReadSingle(TVdFunctionDef& node);
+    void ReadRest(TVdFunctionDef& node, TVdTableDef*& table, int start);
+    TVdTableDef* QualifierTable(const std::string& aliasText, const std::string& nameText);
+
+    TVdSelectParser& P;
+    TVdSQLScanner& S;
+    std::uint32_t StopKinds;
+    const std::string& StopWord;
+    TVdExprContext Context;
+    int LastEnd = 0;
+};
+
+bool TVdExpressionReader::AtStop(int depth) const
+{
+    const TTokenKind kind = S.TokenKind();
+    if (kind == tkEnd)
+        return true;
+    if (depth > 0 || S.TokenQuoted())
+        return false;
+    if (P.IsDelimToken(',') || P.IsDelimToken(')'))
+        return true;
+    if (StopKinds & TVdSelectParser::KindBit(kind))
+        return true;
+    if (!StopWord.empty() && kind == tkKeyword && text::SameText(S.Token(), StopWord))
+        return true;
+    // LIKE, IN, BETWEEN, IS are plain words to the scanner: in a condition they end an operand.
+    if (Context == TVdExprContext::Condition && (kind == tkIdent || kind == tkKeyword)) {
+        bool partial = false;
+        const TVdOperator* op = P.Operators().FindNearest(S.Token(), partial);
+        return (op && !partial) || P.Operators().IsCaptionStart(S.Token());
+    }
+    return false;
+}
+
+TVdTableDef* TVdExpressionReader::QualifierTable(const std::string& aliasText,
+                                                 const std::string& nameText)
+{
+    TVdTableDefs& tables = P.TableDefs();
+    TVdTableDef* table = tables.FindByAlias(aliasText);
+    if (!table)
+        table = tables.FindByAlias(nameText);
+    if (!table)
+        table = tables.FindByName(nameText);
+    if (!table) {
+        // A qualified field read before FROM makes a table known only by its alias.
+        table = tables.Add();
+        table->SetAlias(nameText);
+    }
+    return table;
+}
+
+bool TVdExpressionReader::ReadCall(TVdFunctionDef& node, TVdTableDef*& table)
+{
+    const std::string name = S.Token();
+    Consume();
+    Consume(); // "("
+    TVdTableDef* argTable = nullptr;
+    bool mixed = false;
+    if (!P.IsDelimToken(')')) {
+        for (;;) {
+            TVdFunctionDef* arg = node.Arguments().Add();
+            TVdTableDef* t = nullptr;
+            P.DoParseExpression(*arg, t, 0, std::string(), Context);
+            if (P.State() == ssError)
+                return true;
+            if (t) {
+                mixed = mixed || (argTable && argTable != t);
+                argTable = t;
+            }
+            if (P.IsDelimToken(',')) {
+                Consume();
+                continue;
+            }
+            if (!P.IsDelimToken(')')) {
+                P.Fail();
+                return true;
+            }
+            break;
+        }
+    }
+    Consume(); // ")"
+    table = argTable;
+    if (mixed || !AtStop(0)) {
+        node.Arguments().Clear();
+        return false;
+    }
+    node.SetName(name);
+    node.SetKind(fkFunction);
+    return true;
+}
+
+bool TVdExpressionReader::ReadQualified(TVdFunctionDef& node, TVdTableDef*& table)
+{
+    const std::string qualifier = P.NameText();
+    const std::string qualifierAlias = P.AliasText();
+    if (Context == TVdExprContext::SelectList)
+        table = QualifierTable(qualifierAlias, qualifier);
+    Consume();
+    Consume(); // "."
+    const bool star = !S.TokenQuoted() && S.Token() == "*";
+    if (!star && !P.IsNameKind())
+        return false;
+    const std::string field = star ? std::string("*") : P.NameText();
+    Consume();
+    if (!AtStop(0))
+        return false;
+    node.SetName(Context == TVdExprContext::SelectList ? field : qualifier + "." + field);
+    node.SetKind(fkIdentifier);
+    return true;
+}
+
+void TVdExpressionReader::ReadSingle(TVdFunctionDef& node)
+{
+    const TTokenKind kind = S.TokenKind();
+    if (S.TokenQuoted()) {
+        if (kind == tkString) {
+            node.SetName(S.UnquoteString(S.Token(), S.TokenQuote()));
+            node.SetKind(fkString);
+        } else {
+            node.SetName(P.NameText());
+            node.SetKind(fkIdentifier);
+        }
+        return;
+    }
+    node.SetName(S.Token());
+    switch (kind) {
+    case tkFunction: node.SetKind(fkFunction); break;
+    case tkIdent:
+    case tkIdentString: node.SetKind(fkIdentifier); break;
+    case tkInteger: node.SetKind(fkInteger); break;
+    case tkFloat: node.SetKind(fkFloat); break;
+    case tkString: node.SetKind(fkString); break;
+    default: node.SetKind(fkUnknown); break;
+    }
+}
+
+void TVdExpressionReader::ReadRest(TVdFunctionDef& node, TVdTableDef*& table, int start)
+{
+    int depth = 0;
+    std::string prevName, prevAlias;
+    bool prevIsName = false;
+    while (!AtStop(depth)) {
+        if (P.IsDelimToken('('))
+            ++depth;
+        else if (P.IsDelimToken(')'))
+            --depth;
+        if (Context == TVdExprContext::SelectList && !table && prevIsName && P.IsDelimToken('.'))
+            table = QualifierTable(prevAlias, prevName);
+        prevIsName = P.IsNameKind();
+        if (prevIsName) {
+            prevName = P.NameText();
+            prevAlias = P.AliasText();
+        }
+        Consume();
+    }
+    node.Arguments().Clear();
+    const std::string& source = S.Expression();
+    node.SetName(source.substr(size_t(start - 1), size_t(LastEnd - start)));
+    node.SetKind(fkExpression);
+}
+
+void TVdExpressionReader::Read(TVdFunctionDef& node, TVdTableDef*& table)
+{
+    table = nullptr;
+    if (AtStop(0)) {
+        P.Fail();
+        return;
+    }
+    const int start = S.TokenStart();
+    if (!S.TokenQuoted() && S.TokenKind() == tkFunction && P.PeekIs("(")) {
+        if (ReadCall(node, table) || P.State() == ssError)
+            return;
+    } else if (P.IsNameKind() && P.PeekIs(".")) {
+        if (ReadQualified(node, table))
+            return;
+    } else {
+        ReadSingle(node);
+        Consume();
+        if (AtStop(0))
+            return;
+    }
+    ReadRest(node, table, start);
+}
+
+void TVdSelectParser::DoParseExpression(TVdFunctionDef& node, TVdTableDef*& table,
+                                        std::uint32_t stopKinds, const std::string& stopWord,
+                                        TVdExprContext context)
+{
+    TVdExpressionReader reader(*this, stopKinds, stopWord, context);
+    reader.Read(node, table);
+}
+
+} // namespace vd

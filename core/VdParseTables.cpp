@@ -1,0 +1,292 @@
+// The FROM clause: tables, stored procedure calls and joins.
+#include "core/VdSelectParser.h"
+
+namespace vd {
+
+namespace {
+
+// A name the text gives quoted is kept without its quotes when printing it brings the same
+// quotes back, and as written otherwise ("my t", "a.b"): the model's text then reads back
+// to itself.
+std::string ModelText(const TVdSQLScanner& scanner, const std::string& content,
+                      const std::function<std::string(const std::string&)>& print)
+{
+    const std::string raw = scanner.RawToken();
+    const std::string plain = text::UndoubleQuotes(content, scanner.TokenQuote());
+    return print(plain) == raw ? plain : raw;
+}
+
+} // namespace
+
+std::string TVdSelectParser::NameText() const
+{
+    const TVdSQLScanner& scanner = Scanner();
+    if (!scanner.TokenQuoted())
+        return Token();
+    return ModelText(scanner, Token(), [this](const std::string& name) {
+        TVdFieldDef probe;
+        probe.SetParser(const_cast<TVdSelectParser*>(this));
+        return probe.ProcessName(name);
+    });
+}
+
+std::string TVdSelectParser::AliasText() const
+{
+    const TVdSQLScanner& scanner = Scanner();
+    if (!scanner.TokenQuoted())
+        return Token();
+    return ModelText(scanner, Token(), [&scanner](const std::string& alias) {
+        return scanner.GetProcessAliases() ? scanner.ProcessName(alias) : alias;
+    });
+}
+
+TVdTableDef* TVdSelectParser::FindTableByToken() const
+{
+    TVdTableDefs& tables = TableDefs();
+    const std::string name = NameText();
+    if (TVdTableDef* table = tables.FindByAlias(AliasText()))
+        return table;
+    if (TVdTableDef* table = tables.FindByAlias(name))
+        return table;
+    return tables.FindByName(name);
+}
+
+void TVdSelectParser::DoParseTableDefs()
+{
+    for (;;) {
+        if (Kind() == tkEnd) {
+            FState = ssEnd;
+            return;
+        }
+        const bool keyword = Kind() == tkKeyword && !Scanner().TokenQuoted();
+        if (keyword && IsJoinDef(Token())) {
+            DoParseJoinDef();
+        } else if (!keyword) {
+            DoParseTableDef();
+        } else {
+            if (IsWord("WHERE"))
+                FState = ssWhere;
+            else if (IsWord("GROUP") && PeekIs("BY"))
+                FState = ssGroupBy;
+            else if (IsWord("HAVING"))
+                FState = ssHaving;
+            else if (IsWord("ORDER") && PeekIs("BY"))
+                FState = ssOrderBy;
+            else
+                FState = ssAppendix;
+            return;
+        }
+        if (FState == ssError) {
+            TableDefs().Clear();
+            return;
+        }
+        if (IsDelimToken(','))
+            Next();
+    }
+}
+
+// Finds the table a FROM entry stands for: the select list has already made tables known
+// only by alias (qualified fields) or with an empty alias (unqualified fields).
+TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::string* alias)
+{
+    TVdTableDefs& tables = TableDefs();
+    TVdTableDef* table = nullptr;
+    if (alias) {
+        table = tables.FindByAlias(*alias);
+        if (!table)
+            table = tables.FindByAlias(name);
+        if (!table) {
+            TVdTableDef* byName = tables.FindByName(name);
+            if (byName && (byName->Alias().empty() || byName->Alias() == name))
+                table = byName;
+        }
+        if (!table)
+            table = tables.Add();
+        table->SetAlias(*alias);
+        if (table->Name().empty())
+            table->SetName(name);
+        return table;
+    }
+    table = tables.FindByAlias(name);
+    if (!table)
+        table = tables.FindByAlias(std::string());
+    if (!table)
+        table = tables.Add();
+    table->SetName(name);
+    return table;
+}
+
+// Looks past "(...)" of a procedure call for an alias; returns it as model text, or nothing.
+std::string TVdSelectParser::PeekAliasAfterParams()
+{
+    TVdSQLScanner& scanner = Scanner();
+    const TVdSQLScanner::TState state = scanner.SaveState();
+    std::string alias;
+    int depth = 0;
+    do {
+        if (IsDelimToken('('))
+            ++depth;
+        else if (IsDelimToken(')'))
+            --depth;
+        Next();
+    } while (depth > 0 && Kind() != tkEnd);
+    if (depth == 0 && IsNameKind() && Kind() != tkKeyword)
+        alias = AliasText();
+    scanner.RestoreState(state);
+    return alias;
+}
+
+void TVdSelectParser::DoParseTableDef()
+{
+    if (!IsNameKind())
+        return Fail();
+    const std::string name = NameText();
+    // What follows the name: an alias, "(" of a procedure call, or the end of this entry.
+    Next();
+    const bool call = IsDelimToken('(');
+    std::string alias;
+    bool hasAlias = false;
+    if (call) {
+        alias = PeekAliasAfterParams();
+        hasAlias = !alias.empty();
+    } else if (Kind() != tkEnd && Kind() != tkKeyword && !IsDelimToken(',') && !IsDelimToken(';')) {
+        if (!IsNameKind())
+            return Fail();
+        alias = AliasText();
+        hasAlias = true;
+        Next();
+    }
+    TVdTableDef* table = ResolveTable(name, hasAlias ? &alias : nullptr);
+    FLastTableName = table->Name();
+    FLastTableAlias = table->Alias();
+    if (call) {
+        DoParseProcParams();
+        if (FState == ssError)
+            return;
+        if (hasAlias)
+            Next();
+    }
+    if (Kind() != tkEnd && Kind() != tkKeyword && !IsDelimToken(','))
+        Fail();
+}
+
+void TVdSelectParser::DoParseProcParams()
+{
+    TVdTableDefs& tables = TableDefs();
+    TVdTableDef* proc = tables.FindByName(FLastTableName);
+    if (!proc)
+        proc = tables.Add();
+    proc->SetName(FLastTableName);
+    proc->SetTableType(qttStoredProc);
+    Next(); // "("
+    if (IsDelimToken(')'))
+        return Fail(); // a call without arguments would print as a plain table
+    for (;;) {
+        if (Kind() == tkEnd)
+            return Fail();
+        TVdFieldDef* param = proc->FieldDefs().Add();
+        if (IsDelimToken(':'))
+            Next();
+        TVdTableDef* unused = nullptr;
+        DoParseExpression(*param, unused, 0, std::string(), TVdExprContext::Parameter);
+        if (FState == ssError)
+            return;
+        param->SetParamType(ptInput);
+        if (IsDelimToken(')')) {
+            Next();
+            return;
+        }
+        if (!IsDelimToken(','))
+            return Fail();
+        Next();
+    }
+}
+
+void TVdSelectParser::DoParseJoinDef()
+{
+    TVdJoinKind kind = vdjInnerJoin;
+    if (IsWord("LEFT"))
+        kind = vdjLOuterJoin;
+    else if (IsWord("RIGHT"))
+        kind = vdjROuterJoin;
+    else if (IsWord("FULL"))
+        kind = vdjFOuterJoin;
+    Next();
+    if (kind != vdjInnerJoin && IsKeywordToken("OUTER"))
+        Next();
+    if (!IsKeywordToken("JOIN"))
+        return Fail();
+    if (!TableDefs().FindByAlias(FLastTableAlias))
+        return Fail();
+    Next();
+    if (Kind() == tkKeyword)
+        return Fail();
+    DoParseTableDef();
+    if (FState == ssError)
+        return;
+    if (!IsKeywordToken("ON"))
+        return Fail();
+    Next();
+    TVdTableDef* joined = TableDefs().FindByAlias(FLastTableAlias);
+    TVdTableDef* owner = nullptr;
+    std::string ownerField, joinedField, operation;
+    if (!ReadJoinCondition(owner, ownerField, joined, joinedField, operation))
+        return Fail();
+    TVdJoinDef* join = owner->JoinDefs().Add();
+    join->FieldName = ownerField;
+    join->JoinTable = joined->Alias();
+    join->JoinField = joinedField;
+    join->Operation = operation;
+    join->JoinKind = kind;
+}
+
+// ON (A.X = B.Y): the pair before the comparison is the joined side when it names the joined
+// table, the owning side otherwise; the pair after it fills the side still empty.
+bool TVdSelectParser::ReadJoinCondition(TVdTableDef*& owner, std::string& ownerField,
+                                        TVdTableDef* joined, std::string& joinedField,
+                                        std::string& operation)
+{
+    if (!joined)
+        return false;
+    const bool parenthesised = IsDelimToken('(');
+    if (parenthesised)
+        Next();
+    bool closed = !parenthesised;
+    int sides = 0;
+    for (;;) {
+        if (parenthesised && IsDelimToken(')')) {
+            Next();
+            closed = true;
+            break;
+        }
+        if (Kind() == tkEnd || (Kind() == tkKeyword && !Scanner().TokenQuoted()))
+            break;
+        if (!parenthesised && sides == 2)
+            break;
+        if (Kind() == tkComparison) {
+            operation += Token();
+            Next();
+            continue;
+        }
+        if (!IsNameKind() || sides == 2 || !PeekIs("."))
+            return false;
+        TVdTableDef* table = FindTableByToken();
+        Next();
+        Next();
+        if (!table || !IsNameKind())
+            return false;
+        const std::string field = NameText();
+        Next();
+        const bool joinedSide = sides == 0 ? table == joined : joinedField.empty();
+        if (joinedSide) {
+            joinedField = field;
+        } else {
+            owner = table;
+            ownerField = field;
+        }
+        ++sides;
+    }
+    return closed && sides == 2 && owner && owner != joined && !operation.empty();
+}
+
+} // namespace vd

@@ -1,0 +1,609 @@
+#include "core/VdScanner.h"
+
+#include "core/VdError.h"
+#include "core/VdText.h"
+
+namespace vd {
+
+const char* TokenKindName(TTokenKind kind)
+{
+    static const char* const names[] = {"tkUnknown", "tkKeyword", "tkFunction", "tkDelim",
+                                        "tkInteger", "tkFloat",   "tkString",   "tkQuote",
+                                        "tkSpace",   "tkEol",     "tkEnd",      "tkIdent",
+                                        "tkIdentString", "tkOperation", "tkComparison"};
+    return kind <= tkComparison ? names[kind] : "tkUnknown";
+}
+
+// ---- TVdScanner ----
+
+TVdScanner::TVdScanner() = default;
+TVdScanner::~TVdScanner() = default;
+
+bool TVdScanner::IsAlpha(char c) const
+{
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+bool TVdScanner::IsDelim(char c) const
+{
+    static constexpr std::string_view delims = ".,/\\;:(){}[]*+-<=>!";
+    return c == '\r' || (c != '\0' && delims.find(c) != std::string_view::npos);
+}
+
+bool TVdScanner::IsDigit(char c) const
+{
+    return c >= '0' && c <= '9';
+}
+
+bool TVdScanner::IsQuote(char c) const
+{
+    return c == '"' || c == '\'';
+}
+
+bool TVdScanner::IsSpace(char c) const
+{
+    return c == '\t' || c == ' ';
+}
+
+std::string TVdScanner::GetTokenPlus()
+{
+    const int position = FPosition;
+    std::string token = FToken;
+    const int level = FLevel;
+    const bool inString = FInString;
+    const char quoteChar = FQuoteChar;
+    std::string next = GetNextToken();
+    FPosition = position;
+    FToken = std::move(token);
+    FLevel = level;
+    FInString = inString;
+    FQuoteChar = quoteChar;
+    return next;
+}
+
+bool TVdScanner::ShouldLevelUp(char c) const
+{
+    return c == '(';
+}
+
+bool TVdScanner::ShouldLevelDown(char c) const
+{
+    return c == ')';
+}
+
+void TVdScanner::Init()
+{
+    FToken.clear();
+    FPosition = 1;
+    FLevel = 0;
+    FInString = false;
+    FQuoteChar = '\0';
+}
+
+void TVdScanner::SetPosition(int p)
+{
+    if (p == FPosition)
+        return;
+    if (p == 1)
+        GetFirstToken();
+    else
+        Init();
+    if (p < 1 || FLength == 0)
+        FPosition = 1;
+    else if (p > FLength)
+        FPosition = FLength;
+    else
+        FPosition = p;
+}
+
+const std::string& TVdScanner::GetFirstToken()
+{
+    Init();
+    return GetNextToken();
+}
+
+void TVdScanner::SetExpression(const std::string& text)
+{
+    SetExpression(std::string(text));
+}
+
+void TVdScanner::SetExpression(std::string&& text)
+{
+    FExpression = std::move(text);
+    FLength = int(FExpression.size());
+    GetFirstToken();
+}
+
+// ---- TVdSQLScanner ----
+
+TVdSQLScanner::TVdSQLScanner()
+{
+    // Virtual calls made here reach this class's own word lists; a dialect scanner
+    // loads its lists again from its own constructor.
+    TVdSQLScanner::DefineFunctions();
+    TVdSQLScanner::DefineKeywords();
+    TVdSQLScanner::DefineOperations();
+    FLineNo = 1;
+    FLinePos = 1;
+    FQuoteIdentifiers = true;
+}
+
+TVdSQLScanner::~TVdSQLScanner() = default;
+
+bool TVdSQLScanner::IsOperation(const std::string& s) const
+{
+    return FOperations.Contains(s);
+}
+
+bool TVdSQLScanner::IsComparison(char c) const
+{
+    return c == '<' || c == '=' || c == '>';
+}
+
+bool TVdSQLScanner::IsLegalSymbol(char c) const
+{
+    return IsAlpha(c) || IsDigit(c) || c == '-' || c == '_';
+}
+
+bool TVdSQLScanner::IsIdentQuote(char c) const
+{
+    return c == '"' || c == '\'';
+}
+
+bool TVdSQLScanner::IsIdentifier(const std::string& s) const
+{
+    if (s.empty() || !IsAlpha(s[0]))
+        return false;
+    for (size_t i = 1; i < s.size(); ++i)
+        if (!IsLegalSymbol(s[i]))
+            return false;
+    return true;
+}
+
+bool TVdSQLScanner::IsInteger(const std::string& s) const
+{
+    if (s.empty())
+        return false;
+    for (char c : s)
+        if (!IsDigit(c))
+            return false;
+    return true;
+}
+
+bool TVdSQLScanner::IsKeyword(const std::string& s) const
+{
+    return FKeywords.Contains(s);
+}
+
+bool TVdSQLScanner::IsFunction(const std::string& s) const
+{
+    return FFunctions.Contains(s);
+}
+
+bool TVdSQLScanner::IsTerminator(char c, const std::string& text, char quote, int next) const
+{
+    if (c != quote)
+        return false;
+    if (next < 0)
+        return true;
+    if (next == static_cast<unsigned char>(quote))
+        return false;
+    size_t k = 0;
+    while (k < text.size() && text[text.size() - 1 - k] == quote)
+        ++k;
+    return k % 2 == 0;
+}
+
+char TVdSQLScanner::GetIdentQuote() const
+{
+    return '"';
+}
+
+bool TVdSQLScanner::GetProcessAliases() const
+{
+    return false;
+}
+
+bool TVdSQLScanner::GetQuoteIdentifiers() const
+{
+    return FQuoteIdentifiers;
+}
+
+char TVdSQLScanner::GetStringQuote() const
+{
+    return '\'';
+}
+
+bool TVdSQLScanner::NeedQuotes(const std::string& name) const
+{
+    if (name.size() < 2)
+        return true;
+    const char first = name.front();
+    const char last = name.back();
+    return !IsIdentQuote(first) || !IsIdentQuote(last) || first != last;
+}
+
+std::string TVdSQLScanner::GetCommaKeywords() const
+{
+    return "SELECT,DISTINCT,INTO,FROM,WHERE,GROUP,BY,HAVING,ORDER,ASC,DESC,AS,LEFT,RIGHT,FULL,"
+           "INNER,OUTER,JOIN,ON,AND,OR,NOT";
+}
+
+std::string TVdSQLScanner::GetCommaFunctions() const
+{
+    return "SUM,MIN,MAX,AVG,COUNT";
+}
+
+std::string TVdSQLScanner::GetCommaOperations() const
+{
+    return "+,-,*,/";
+}
+
+std::string TVdSQLScanner::ProcessIdent(const std::string& name) const
+{
+    if (name.size() > 1 && IsIdentQuote(name.front()) && IsIdentQuote(name.back()))
+        return name.substr(1, name.size() - 2);
+    return name;
+}
+
+void TVdSQLScanner::DefineKeywords()
+{
+    FKeywords.Clear();
+    FKeywords.SetCommaText(GetCommaKeywords());
+    FKeywords.Sort();
+}
+
+void TVdSQLScanner::DefineFunctions()
+{
+    FFunctions.Clear();
+    FFunctions.SetCommaText(GetCommaFunctions());
+    FFunctions.Sort();
+}
+
+void TVdSQLScanner::DefineOperations()
+{
+    FOperations.Clear();
+    FOperations.SetCommaText(GetCommaOperations());
+    FOperations.Sort();
+}
+
+namespace {
+
+// End (exclusive) of a part that opens with quote at 0, doubled quotes skipped; npos if open.
+size_t QuotedPartEnd(std::string_view s, char quote)
+{
+    for (size_t i = 1; i < s.size(); ++i) {
+        if (s[i] != quote)
+            continue;
+        if (i + 1 < s.size() && s[i + 1] == quote) {
+            ++i;
+            continue;
+        }
+        return i + 1;
+    }
+    return std::string_view::npos;
+}
+
+} // namespace
+
+std::string TVdSQLScanner::ProcessName(const std::string& name) const
+{
+    if (!GetQuoteIdentifiers())
+        return name;
+    const char quote = GetIdentQuote();
+    std::string prefix;
+    bool hasPrefix = false;
+    bool anyQuoted = false;
+    std::string_view rest(name);
+    for (;;) {
+        const size_t dot = rest.size() > 1 ? rest.find('.', 1) : std::string_view::npos;
+        if (dot == std::string_view::npos)
+            break;
+        std::string_view part;
+        if (rest.front() == quote) {
+            const size_t end = QuotedPartEnd(rest, quote);
+            if (end == std::string_view::npos || end >= rest.size())
+                break; // the quoted text runs to the end: it is the last part
+            if (rest[end] == '.') {
+                part = rest.substr(0, end);
+                rest.remove_prefix(end + 1);
+                anyQuoted = true;
+            }
+        }
+        if (part.empty()) {
+            part = rest.substr(0, dot);
+            rest.remove_prefix(dot + 1);
+        }
+        if (hasPrefix && !prefix.empty() && prefix.back() != '.')
+            prefix += '.';
+        prefix += part;
+        hasPrefix = true;
+    }
+    std::string result;
+    if (hasPrefix) {
+        result = (!anyQuoted && NeedQuotes(prefix)) ? text::QuotedStr(prefix, quote) : prefix;
+        result += '.';
+    }
+    const std::string last(rest);
+    result += NeedQuotes(last) ? text::QuotedStr(last, quote) : last;
+    return result;
+}
+
+std::string TVdSQLScanner::UnquoteString(const std::string& content, char quote) const
+{
+    return text::UndoubleQuotes(content, quote);
+}
+
+void TVdSQLScanner::SetKeywords(const TVdWordList& words)
+{
+    FKeywords.Assign(words, true);
+    FKeywords.Sort();
+}
+
+void TVdSQLScanner::SetFunctions(const TVdWordList& words)
+{
+    FFunctions.Assign(words, true);
+    FFunctions.Sort();
+}
+
+void TVdSQLScanner::SetOperations(const TVdWordList& words)
+{
+    FOperations.Assign(words, false);
+}
+
+std::string TVdSQLScanner::GetTokenPlus()
+{
+    const TState state = SaveState();
+    std::string next = GetNextToken();
+    RestoreState(state);
+    return next;
+}
+
+TVdSQLScanner::TState TVdSQLScanner::SaveState() const
+{
+    return TState{FPosition,  FLevel,      FLineNo,     FLinePos,        FSpaceCount,
+                  FTokenStart, FTokenEnd,  FToken,      FInString,       FEmptyStringPending,
+                  FTokenQuoted, FQuoteChar, FTokenQuote, FOpenQuote,     FQuoteStart,
+                  FTokenKind};
+}
+
+void TVdSQLScanner::RestoreState(const TState& s)
+{
+    FPosition = s.Position;
+    FLevel = s.Level;
+    FLineNo = s.LineNo;
+    FLinePos = s.LinePos;
+    FSpaceCount = s.SpaceCount;
+    FTokenStart = s.TokenStart;
+    FTokenEnd = s.TokenEnd;
+    FToken = s.Token;
+    FInString = s.InString;
+    FEmptyStringPending = s.EmptyStringPending;
+    FTokenQuoted = s.TokenQuoted;
+    FQuoteChar = s.QuoteChar;
+    FTokenQuote = s.TokenQuote;
+    FOpenQuote = s.OpenQuote;
+    FQuoteStart = s.QuoteStart;
+    FTokenKind = s.TokenKind;
+}
+
+void TVdSQLScanner::Init()
+{
+    TVdScanner::Init();
+    FEmptyStringPending = false;
+    if (FTokenKind == tkEol) {
+        FLineNo = 2;
+        FLinePos = 1;
+    } else {
+        FLineNo = 1;
+        FLinePos = int(FToken.size()) + 1;
+    }
+    FTokenStart = FTokenEnd = 1;
+    FTokenQuoted = false;
+    FTokenQuote = '\0';
+    EnsureCharClasses();
+}
+
+void TVdSQLScanner::SetPosition(int p)
+{
+    if (p == FPosition)
+        return;
+    TVdScanner::SetPosition(p);
+    if (FPosition == FLength)
+        FTokenKind = tkEnd;
+    else if (FToken.empty())
+        FTokenKind = tkUnknown;
+}
+
+void TVdSQLScanner::EnsureCharClasses()
+{
+    if (FClassesValid)
+        return;
+    for (int i = 0; i < 256; ++i) {
+        const char c = char(i);
+        std::uint8_t cls = 0;
+        if (IsAlpha(c))
+            cls |= ccAlpha;
+        if (IsDigit(c))
+            cls |= ccDigit;
+        if (IsDelim(c))
+            cls |= ccDelim;
+        if (IsQuote(c))
+            cls |= ccQuote;
+        if (IsIdentQuote(c))
+            cls |= ccIdentQuote;
+        if (IsSpace(c))
+            cls |= ccSpace;
+        if (IsComparison(c))
+            cls |= ccComparison;
+        if (IsLegalSymbol(c))
+            cls |= ccLegal;
+        FClasses[i] = cls;
+    }
+    FClassesValid = true;
+}
+
+bool TVdSQLScanner::Closes(char c, const std::string& result) const
+{
+    const int next = FPosition < FLength ? static_cast<unsigned char>(CharAt(FPosition + 1)) : -1;
+    return IsTerminator(c, result, FQuoteChar, next);
+}
+
+bool TVdSQLScanner::ScanDelimOrSpace(char c, std::string& result, TTokenKind& kind)
+{
+    if (!Has(c, ccDelim) && !Has(c, ccSpace))
+        return false;
+    if (!result.empty())
+        return true; // ends the token, stays unread
+    FTokenStart = FPosition;
+    result = c;
+    kind = Has(c, ccDelim) ? tkDelim : tkSpace;
+    ++FPosition;
+    if (c == '\r' && CharAt(FPosition) == '\n') {
+        result += '\n';
+        kind = tkEol;
+        ++FPosition;
+        ++FLineNo;
+        FLinePos = 1;
+    }
+    if (Has(result[0], ccComparison)) {
+        kind = tkComparison;
+        // Two comparison characters form one token, but not as the last two of the text.
+        if (FPosition < FLength && Has(CharAt(FPosition), ccComparison)) {
+            result += CharAt(FPosition);
+            ++FPosition;
+        }
+    }
+    return true;
+}
+
+// Steps through the text for one raw token (quotes, blanks and line ends included).
+TTokenKind TVdSQLScanner::ScanOne(std::string& result)
+{
+    TTokenKind kind = tkUnknown;
+    while (FPosition <= FLength) {
+        const char c = CharAt(FPosition);
+        if (Has(c, ccQuote | ccIdentQuote) && (FQuoteChar == '\0' || Closes(c, result))) {
+            if (result.empty() && !FEmptyStringPending) {
+                const bool opening = !FInString;
+                FQuoteChar = opening ? c : '\0';
+                FInString = FQuoteChar != '\0';
+                FEmptyStringPending = opening && CharAt(FPosition + 1) == c
+                                      && (FPosition + 1 == FLength || CharAt(FPosition + 2) != c);
+                if (opening)
+                    FQuoteStart = FPosition;
+                FTokenStart = FPosition;
+                result = c;
+                ++FPosition;
+                return tkQuote;
+            }
+            if (FInString) {
+                const bool ident = Has(c, ccIdentQuote);
+                const bool str = Has(c, ccQuote);
+                kind = ident && str ? tkIdentString : ident ? tkIdent : str ? tkString : tkUnknown;
+            }
+            FEmptyStringPending = false;
+            return kind;
+        }
+        if (!FInString) {
+            // "1.5 " is a float, "1.5" at the very end of the text is not: the fraction must
+            // be followed by one more character. The token keeps its integer part only.
+            if (c == '.' && IsInteger(result)) {
+                int j = FPosition + 1;
+                while (j <= FLength && Has(CharAt(j), ccDigit))
+                    ++j;
+                const char after = CharAt(j);
+                if (j == FLength || (j <= FLength && (Has(after, ccSpace) || (Has(after, ccDelim) && after != '.')))) {
+                    FPosition = j - 1;
+                    return tkFloat;
+                }
+            }
+            if (ScanDelimOrSpace(c, result, kind))
+                return kind;
+        }
+        if (result.empty())
+            FTokenStart = FPosition;
+        result += c;
+        ++FPosition;
+    }
+    return kind;
+}
+
+TTokenKind TVdSQLScanner::ClassifyWord(const std::string& result) const
+{
+    if (result.empty())
+        return tkEnd;
+    if (IsFunction(result))
+        return tkFunction;
+    if (IsKeyword(result))
+        return tkKeyword;
+    if (IsInteger(result))
+        return tkInteger;
+    if (IsIdentifier(result) || IsIdentifier(ProcessIdent(result)))
+        return tkIdent;
+    return tkUnknown;
+}
+
+void TVdSQLScanner::RaiseUnterminated() const
+{
+    throw EVdParserError(3, FToken, FLineNo, FLinePos - int(FToken.size()));
+}
+
+const std::string& TVdSQLScanner::GetNextToken()
+{
+    EnsureCharClasses();
+    std::string result;
+    for (;;) {
+        if (FTokenKind != tkSpace && FTokenKind != tkEol)
+            FSpaceCount = 0;
+        FTokenKind = tkUnknown;
+        result.clear();
+        const bool wasPending = FEmptyStringPending;
+        TTokenKind kind = ScanOne(result);
+        const bool quoted = FInString && kind != tkQuote;
+        if (kind == tkUnknown)
+            kind = ClassifyWord(result);
+        else if (result.empty() && !(wasPending && quoted))
+            kind = tkEnd;
+        if (IsOperation(result))
+            kind = tkOperation;
+        FTokenKind = kind;
+        if (kind != tkEol)
+            FLinePos += int(result.size());
+        if (kind == tkQuote || kind == tkSpace || kind == tkEol) {
+            if (kind != tkQuote)
+                ++FSpaceCount;
+            continue;
+        }
+        if (!FInString && FPosition > 1) {
+            const char last = CharAt(FPosition - 1);
+            if (ShouldLevelUp(last))
+                ++FLevel;
+            else if (ShouldLevelDown(last))
+                --FLevel;
+        }
+        if (kind == tkEnd && FInString)
+            RaiseUnterminated();
+        FTokenQuoted = quoted;
+        FTokenQuote = quoted ? FQuoteChar : '\0';
+        if (quoted) {
+            FTokenStart = FQuoteStart;
+            FTokenEnd = FPosition <= FLength ? FPosition + 1 : FPosition;
+        } else {
+            if (kind == tkEnd)
+                FTokenStart = FPosition;
+            FTokenEnd = FPosition;
+        }
+        FToken = std::move(result);
+        return FToken;
+    }
+}
+
+std::string TVdSQLScanner::RawToken() const
+{
+    if (FTokenEnd <= FTokenStart)
+        return FToken;
+    return FExpression.substr(size_t(FTokenStart - 1), size_t(FTokenEnd - FTokenStart));
+}
+
+} // namespace vd

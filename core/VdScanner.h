@@ -1,0 +1,198 @@
+#pragma once
+
+#include "core/VdWordList.h"
+
+#include <cstdint>
+#include <string>
+
+namespace vd {
+
+enum TTokenKind : std::uint8_t {
+    tkUnknown,
+    tkKeyword,
+    tkFunction,
+    tkDelim,
+    tkInteger,
+    tkFloat,
+    tkString,
+    tkQuote,
+    tkSpace,
+    tkEol,
+    tkEnd,
+    tkIdent,
+    tkIdentString,
+    tkOperation,
+    tkComparison
+};
+
+// The name of a token kind as written in code ("tkIdent", ...).
+const char* TokenKindName(TTokenKind kind);
+
+// Holds the text, the read position and the character classes. Positions are 1-based.
+class TVdScanner
+{
+public:
+    TVdScanner();
+    virtual ~TVdScanner();
+    TVdScanner(const TVdScanner&) = delete;
+    TVdScanner& operator=(const TVdScanner&) = delete;
+
+    virtual bool IsAlpha(char c) const;
+    virtual bool IsDelim(char c) const;
+    virtual bool IsDigit(char c) const;
+    virtual bool IsQuote(char c) const;
+    virtual bool IsSpace(char c) const;
+    // Look-ahead: the next token without consuming it.
+    virtual std::string GetTokenPlus();
+    virtual bool ShouldLevelUp(char c) const;
+    virtual bool ShouldLevelDown(char c) const;
+    virtual void Init();
+    virtual void SetPosition(int p);
+    virtual const std::string& GetFirstToken();
+    virtual const std::string& GetNextToken() = 0;
+
+    void SetExpression(const std::string& text);
+    void SetExpression(std::string&& text);
+
+    const std::string& Expression() const { return FExpression; }
+    int Position() const { return FPosition; }
+    int Length() const { return FLength; }
+    const std::string& Token() const { return FToken; }
+    int Level() const { return FLevel; }
+    bool InString() const { return FInString; }
+    char QuoteChar() const { return FQuoteChar; }
+
+protected:
+    // 1-based access; 0 outside the text.
+    char CharAt(int p) const { return (p >= 1 && p <= FLength) ? FExpression[size_t(p - 1)] : '\0'; }
+
+    std::string FExpression;
+    int FPosition = 1;
+    int FLength = 0;
+    std::string FToken;
+    int FLevel = 0;
+    bool FInString = false;
+    char FQuoteChar = '\0';
+};
+
+// The SQL token rules, the word lists, line counting and the quoting of names.
+class TVdSQLScanner : public TVdScanner
+{
+public:
+    TVdSQLScanner();
+    ~TVdSQLScanner() override;
+
+    std::string GetTokenPlus() override;
+    void Init() override;
+    void SetPosition(int p) override;
+    const std::string& GetNextToken() override;
+
+    virtual bool IsOperation(const std::string& s) const;
+    virtual bool IsComparison(char c) const;
+    virtual bool IsLegalSymbol(char c) const;
+    virtual bool IsIdentQuote(char c) const;
+    virtual bool IsIdentifier(const std::string& s) const;
+    virtual bool IsInteger(const std::string& s) const;
+    virtual bool IsKeyword(const std::string& s) const;
+    virtual bool IsFunction(const std::string& s) const;
+    // Whether c, met inside a string opened by quote, closes it. text is what the string
+    // holds so far, next the character after c (-1 at the end of the text).
+    virtual bool IsTerminator(char c, const std::string& text, char quote, int next) const;
+    virtual char GetIdentQuote() const;
+    virtual bool GetProcessAliases() const;
+    virtual bool GetQuoteIdentifiers() const;
+    virtual char GetStringQuote() const;
+    virtual bool NeedQuotes(const std::string& name) const;
+    virtual std::string GetCommaKeywords() const;
+    virtual std::string GetCommaFunctions() const;
+    virtual std::string GetCommaOperations() const;
+    virtual std::string ProcessIdent(const std::string& name) const;
+    virtual void DefineKeywords();
+    virtual void DefineFunctions();
+    virtual void DefineOperations();
+    virtual std::string ProcessName(const std::string& name) const;
+    // The text of a string token as the model keeps it: its quotes' escapes undone.
+    virtual std::string UnquoteString(const std::string& content, char quote) const;
+
+    void SetKeywords(const TVdWordList& words);
+    void SetFunctions(const TVdWordList& words);
+    void SetOperations(const TVdWordList& words);
+    void SetQuoteIdentifiers(bool value) { FQuoteIdentifiers = value; }
+
+    TTokenKind TokenKind() const { return FTokenKind; }
+    const TVdWordList& Keywords() const { return FKeywords; }
+    const TVdWordList& Functions() const { return FFunctions; }
+    const TVdWordList& Operations() const { return FOperations; }
+    int LineNo() const { return FLineNo; }
+    int LinePos() const { return FLinePos; }
+    int SpaceCount() const { return FSpaceCount; }
+    bool EmptyStringPending() const { return FEmptyStringPending; }
+    bool QuoteIdentifiers() const { return FQuoteIdentifiers; }
+
+    // Where the last token stands in the text, its quotes included: [TokenStart, TokenEnd).
+    int TokenStart() const { return FTokenStart; }
+    int TokenEnd() const { return FTokenEnd; }
+    // Whether the last token was the content of a quoted text.
+    bool TokenQuoted() const { return FTokenQuoted; }
+    // The quote that enclosed the last token (0 when it was not quoted).
+    char TokenQuote() const { return FTokenQuote; }
+    // The text of the last token as written, quotes included.
+    std::string RawToken() const;
+
+    // Everything GetTokenPlus saves, for parsers that look further ahead.
+    struct TState {
+        int Position, Level, LineNo, LinePos, SpaceCount, TokenStart, TokenEnd;
+        std::string Token;
+        bool InString, EmptyStringPending, TokenQuoted;
+        char QuoteChar, TokenQuote, OpenQuote;
+        int QuoteStart;
+        TTokenKind TokenKind;
+    };
+    TState SaveState() const;
+    void RestoreState(const TState& state);
+
+protected:
+    // Re-reads the character classes on the next scan; dialects call it when a setting
+    // that their classes depend on changes.
+    void InvalidateCharClasses() { FClassesValid = false; }
+
+private:
+    enum : std::uint8_t {
+        ccAlpha = 1,
+        ccDigit = 2,
+        ccDelim = 4,
+        ccQuote = 8,
+        ccIdentQuote = 16,
+        ccSpace = 32,
+        ccComparison = 64,
+        ccLegal = 128
+    };
+    void EnsureCharClasses();
+    bool Has(char c, std::uint8_t cls) const { return FClasses[static_cast<unsigned char>(c)] & cls; }
+    TTokenKind ScanOne(std::string& result);
+    bool ScanDelimOrSpace(char c, std::string& result, TTokenKind& kind);
+    TTokenKind ClassifyWord(const std::string& result) const;
+    bool Closes(char c, const std::string& result) const;
+    void RaiseUnterminated() const;
+
+    TTokenKind FTokenKind = tkUnknown;
+    TVdWordList FKeywords;
+    TVdWordList FFunctions;
+    int FLineNo = 1;
+    int FLinePos = 1;
+    int FSpaceCount = 0;
+    bool FEmptyStringPending = false;
+    bool FQuoteIdentifiers = true;
+    TVdWordList FOperations;
+
+    int FTokenStart = 1;
+    int FTokenEnd = 1;
+    bool FTokenQuoted = false;
+    char FTokenQuote = '\0';
+    char FOpenQuote = '\0';
+    int FQuoteStart = 0;
+    std::uint8_t FClasses[256] = {};
+    bool FClassesValid = false;
+};
+
+} // namespace vd

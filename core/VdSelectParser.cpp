@@ -1,0 +1,516 @@
+#include "core/VdSelectParser.h"
+
+namespace vd {
+
+TVdSelectParser::TVdSelectParser()
+{
+    FOrderByItems.SetParser(this);
+    FGroupByItems.SetParser(this);
+}
+
+TVdSelectParser::~TVdSelectParser() = default;
+
+// ---- factories and owned parts (made on first use, so that overrides are reached) ----
+
+std::unique_ptr<TVdSQLScanner> TVdSelectParser::CreateScanner()
+{
+    return std::make_unique<TVdSQLScanner>();
+}
+
+std::unique_ptr<TVdTableDefs> TVdSelectParser::CreateTableDefs()
+{
+    return std::make_unique<TVdTableDefs>();
+}
+
+std::unique_ptr<TVdCriterions> TVdSelectParser::CreateWhereItems()
+{
+    return std::make_unique<TVdWhereItems>();
+}
+
+std::unique_ptr<TVdCriterions> TVdSelectParser::CreateHavingItems()
+{
+    return std::make_unique<TVdHavingItems>();
+}
+
+TVdSQLScanner& TVdSelectParser::Scanner() const
+{
+    if (!FScanner)
+        FScanner = const_cast<TVdSelectParser*>(this)->CreateScanner();
+    return *FScanner;
+}
+
+TVdTableDefs& TVdSelectParser::TableDefs() const
+{
+    if (!FTableDefs) {
+        FTableDefs = const_cast<TVdSelectParser*>(this)->CreateTableDefs();
+        FTableDefs->SetParser(const_cast<TVdSelectParser*>(this));
+    }
+    return *FTableDefs;
+}
+
+TVdCriterions& TVdSelectParser::WhereItems() const
+{
+    if (!FWhereItems) {
+        FWhereItems = const_cast<TVdSelectParser*>(this)->CreateWhereItems();
+        FWhereItems->SetParser(const_cast<TVdSelectParser*>(this));
+    }
+    return *FWhereItems;
+}
+
+TVdCriterions& TVdSelectParser::HavingItems() const
+{
+    if (!FHavingItems) {
+        FHavingItems = const_cast<TVdSelectParser*>(this)->CreateHavingItems();
+        FHavingItems->SetParser(const_cast<TVdSelectParser*>(this));
+    }
+    return *FHavingItems;
+}
+
+const TVdWordList& TVdSelectParser::Aggregates() const
+{
+    if (!FAggregates) {
+        FAggregates = std::make_unique<TVdWordList>();
+        const_cast<TVdSelectParser*>(this)->DefineAggregates();
+    }
+    return *FAggregates;
+}
+
+TVdOperators& TVdSelectParser::Operators() const
+{
+    if (!FOperators) {
+        FOperators = std::make_unique<TVdOperators>();
+        const_cast<TVdSelectParser*>(this)->DefineOperators();
+    }
+    return *FOperators;
+}
+
+std::string TVdSelectParser::GetCommaAggregates() const
+{
+    return "SUM,MIN,MAX,AVG,COUNT";
+}
+
+void TVdSelectParser::DefineAggregates()
+{
+    if (!FAggregates)
+        FAggregates = std::make_unique<TVdWordList>();
+    FAggregates->Clear();
+    FAggregates->SetCommaText(GetCommaAggregates());
+    FAggregates->Sort();
+}
+
+void TVdSelectParser::DefineOperators()
+{
+    if (!FOperators)
+        FOperators = std::make_unique<TVdOperators>();
+    TVdOperators& ops = *FOperators;
+    ops.Clear();
+    ops.Add("=", "=", 1);
+    ops.Add("<>", "<>", 1);
+    ops.Add("<", "<", 1);
+    ops.Add(">", ">", 1);
+    ops.Add("<=", "<=", 1);
+    ops.Add(">=", ">=", 1);
+    ops.Add("LIKE", "LIKE", 1);
+    ops.Add("NOT LIKE", "NOT LIKE", 1);
+    ops.Add("IN", "IN", 1, "", "(", ")");
+    ops.Add("NOT IN", "NOT IN", 1, "", "(", ")");
+    ops.Add("BETWEEN", "BETWEEN", 2, "AND");
+    ops.Add("NOT BETWEEN", "NOT BETWEEN", 2, "AND");
+    ops.Add("IS NULL", "IS NULL", 0);
+    ops.Add("IS NOT NULL", "IS NOT NULL", 0);
+}
+
+void TVdSelectParser::SetAggregates(const TVdWordList& words)
+{
+    Aggregates();
+    FAggregates->Assign(words, false);
+    FAggregates->Sort();
+}
+
+void TVdSelectParser::SetOperators(const TVdOperators& operators)
+{
+    Operators().Assign(operators);
+}
+
+void TVdSelectParser::SetScriptFormat(const TVdScriptFormat& format)
+{
+    FScriptFormat.Assign(format);
+}
+
+bool TVdSelectParser::IsJoinDef(const std::string& word) const
+{
+    return text::SameText(word, "INNER") || text::SameText(word, "LEFT")
+           || text::SameText(word, "RIGHT") || text::SameText(word, "FULL");
+}
+
+bool TVdSelectParser::GetDistinct() const
+{
+    return FDistinct;
+}
+
+void TVdSelectParser::SetDistinct(bool value)
+{
+    FDistinct = value;
+}
+
+std::string TVdSelectParser::ProcessKeyword(const std::string& word) const
+{
+    return FormatWord(word, FScriptFormat.KeywordsFormat);
+}
+
+std::string TVdSelectParser::ProcessFunction(const std::string& name) const
+{
+    return FormatWord(name, FScriptFormat.FunctionsFormat);
+}
+
+// ---- text in and out ----
+
+void TVdSelectParser::Clear()
+{
+    TableDefs().Clear();
+    WhereItems().Clear();
+    WhereItems().Filter = cfAll;
+    FGroupByItems.Clear();
+    HavingItems().Clear();
+    HavingItems().Filter = cfAll;
+    FOrderByItems.Clear();
+    SetDistinct(false);
+    FLastTableName.clear();
+    FLastTableAlias.clear();
+    Scanner().SetExpression(std::string());
+    FIsValid = true;
+}
+
+void TVdSelectParser::SetExpression(const std::string& text)
+{
+    Scanner().SetExpression(text);
+    if (Scanner().TokenKind() == tkEnd)
+        Clear();
+    else
+        DoParse();
+}
+
+std::string TVdSelectParser::GetExpression()
+{
+    std::string selectList;
+    const std::string tables = TableDefs().GetScript(selectList);
+    if (tables.empty())
+        return std::string();
+    std::string result = ProcessKeyword("SELECT") + " ";
+    if (GetDistinct())
+        result += ProcessKeyword("DISTINCT") + " ";
+    result += tables;
+    result += WhereItems().GetScript();
+    result += FGroupByItems.GetScript();
+    result += HavingItems().GetScript();
+    result += FOrderByItems.GetScript();
+    return result;
+}
+
+void TVdSelectParser::ProcessError(const std::string& token, int lineNo, int linePos)
+{
+    FIsValid = false;
+    const int code = token.empty() ? 2 : 1;
+    const int position = linePos - int(token.size());
+    if (!OnError)
+        throw EVdParserError(code, token, lineNo, position);
+    OnError(this, EVdParserError::MessageFor(code, token, lineNo, position), token, lineNo, position);
+}
+
+// ---- the state machine ----
+
+void TVdSelectParser::DoParse()
+{
+    FIsValid = true;
+    std::string text = Scanner().Expression();
+    Clear();
+    FState = ssBegin;
+    try {
+        Scanner().SetExpression(std::move(text));
+        while (FState != ssError && FState != ssEnd) {
+            switch (FState) {
+            case ssBegin: DoParseBegin(); break;
+            case ssSelect: DoParseSelectClause(); break;
+            case ssFieldDefs: DoParseFieldDefs(); break;
+            case ssInto: DoParseIntoClause(); break;
+            case ssFrom: DoParseFromClause(); break;
+            case ssTableDefs: DoParseTableDefs(); break;
+            case ssWhere: DoParseWhereClause(); break;
+            case ssGroupBy: DoParseGroupByClause(); break;
+            case ssHaving: DoParseHavingClause(); break;
+            case ssOrderBy: DoParseOrderByClause(); break;
+            case ssAppendix: DoParseAppendix(); break;
+            default: FState = ssError; break;
+            }
+            if (FState == ssError)
+                break;
+            if (Kind() == tkEnd)
+                FState = ssEnd;
+            else if (FState != ssFieldDefs && FState != ssTableDefs && FState != ssAppendix)
+                Next();
+        }
+    } catch (const EVdParserError& e) {
+        // An unterminated string, raised by the scanner with its position already set.
+        FIsValid = false;
+        FState = ssError;
+        if (!OnError)
+            throw;
+        OnError(this, e.what(), e.Token, e.LineNo, e.LinePos);
+        return;
+    }
+    if (FState == ssError)
+        ProcessError(Token(), Scanner().LineNo(), Scanner().LinePos());
+}
+
+void TVdSelectParser::DoParseBegin()
+{
+    FState = IsKeywordToken("SELECT") ? ssSelect : ssError;
+}
+
+void TVdSelectParser::DoParseSelectClause()
+{
+    const bool distinct = IsKeywordToken("DISTINCT");
+    SetDistinct(distinct);
+    if (distinct)
+        Next();
+    const TTokenKind kind = Kind();
+    const bool star = !Scanner().TokenQuoted() && Token() == "*";
+    FState = (star || kind == tkFunction || kind == tkInteger || kind == tkFloat || kind == tkString
+              || kind == tkIdent || kind == tkIdentString)
+                 ? ssFieldDefs
+                 : ssError;
+}
+
+void TVdSelectParser::DoParseIntoClause()
+{
+    FState = ssError;
+}
+
+void TVdSelectParser::DoParseFieldDefs()
+{
+    for (;;) {
+        if (Kind() == tkEnd) {
+            FState = ssEnd;
+            return;
+        }
+        if (Kind() == tkKeyword && !Scanner().TokenQuoted()) {
+            FState = IsWord("FROM") ? ssFrom : ssError;
+            break;
+        }
+        DoParseFieldDef();
+        if (FState == ssError)
+            break;
+        if (IsDelimToken(','))
+            Next();
+    }
+    if (FState == ssError)
+        TableDefs().Clear();
+}
+
+void TVdSelectParser::DoParseFieldDef()
+{
+    TVdFieldDef field;
+    TVdTableDef* table = nullptr;
+    DoParseExpression(field, table, KindBit(tkKeyword), "AS", TVdExprContext::SelectList);
+    if (FState == ssError)
+        return;
+    const bool starOnly = field.Kind() == fkUnknown && field.Name() == "*";
+    std::string alias;
+    const bool hasAlias = IsKeywordToken("AS");
+    if (hasAlias) {
+        Next();
+        if (!IsNameKind())
+            return Fail();
+        alias = AliasText();
+        Next();
+    }
+    // "*" alone is the select list of a query without fields: it adds none.
+    if (starOnly && !hasAlias)
+        return;
+    TVdTableDefs& tables = TableDefs();
+    std::vector<TVdTableDef*> targets;
+    if (!table)
+        table = tables.FindByAlias(std::string());
+    if (!table && tables.Count() == 0)
+        table = tables.Add();
+    if (table) {
+        targets.push_back(table);
+    } else {
+        // An unqualified column of a query with several tables is given to each of them.
+        for (int i = 0; i < tables.Count(); ++i)
+            targets.push_back(tables.Items(i));
+    }
+    for (TVdTableDef* target : targets) {
+        TVdFieldDef* copy = target->FieldDefs().Add();
+        copy->SetName(field.Name());
+        copy->SetKind(field.Kind());
+        if (field.ArgumentCount() > 0)
+            copy->Arguments().Assign(field.Arguments());
+        if (hasAlias)
+            copy->SetAlias(alias);
+    }
+}
+
+void TVdSelectParser::DoParseFromClause()
+{
+    const TTokenKind kind = Kind();
+    FState = (kind == tkString || kind == tkIdent || kind == tkIdentString) ? ssTableDefs : ssError;
+}
+
+void TVdSelectParser::DoParseWhereClause()
+{
+    DoParseCriterions(WhereItems());
+    if (FState == ssError)
+        return;
+    if (WhereItems().Count() == 0)
+        return Fail();
+    if (Kind() == tkEnd)
+        FState = ssEnd;
+    else if (IsKeywordToken("GROUP") && PeekIs("BY"))
+        FState = ssGroupBy;
+    else if (IsKeywordToken("HAVING"))
+        FState = ssHaving;
+    else if (IsKeywordToken("ORDER") && PeekIs("BY"))
+        FState = ssOrderBy;
+    else
+        FState = ssAppendix;
+}
+
+void TVdSelectParser::DoParseGroupByClause()
+{
+    Next(); // BY
+    CollectNames(false);
+    if (FState == ssError)
+        return;
+    if (Kind() == tkEnd)
+        FState = ssEnd;
+    else if (IsKeywordToken("HAVING"))
+        FState = ssHaving;
+    else if (IsKeywordToken("ORDER") && PeekIs("BY"))
+        FState = ssOrderBy;
+    else
+        FState = ssAppendix;
+}
+
+void TVdSelectParser::DoParseHavingClause()
+{
+    DoParseCriterions(HavingItems());
+    if (FState == ssError)
+        return;
+    if (HavingItems().Count() == 0)
+        return Fail();
+    if (Kind() == tkEnd)
+        FState = ssEnd;
+    else if (IsKeywordToken("ORDER") && PeekIs("BY"))
+        FState = ssOrderBy;
+    else
+        FState = ssAppendix;
+}
+
+void TVdSelectParser::DoParseOrderByClause()
+{
+    Next(); // BY
+    CollectNames(true);
+    if (FState == ssError)
+        return;
+    FState = Kind() == tkEnd ? ssEnd : ssAppendix;
+}
+
+void TVdSelectParser::DoParseAppendix()
+{
+    FState = ssError;
+}
+
+// GROUP BY and ORDER BY items: names, continued across "." ("T"."A" is the item T.A).
+void TVdSelectParser::CollectNames(bool ordered)
+{
+    std::string name;
+    bool expectPart = true;
+    auto flush = [&](TVdOrderKind kind) {
+        if (ordered)
+            FOrderByItems.AddOrdered(name, kind);
+        else if (FGroupByItems.IndexOf(name) < 0)
+            FGroupByItems.Add(name);
+        name.clear();
+    };
+    for (;;) {
+        const bool quoted = Scanner().TokenQuoted();
+        const bool keyword = Kind() == tkKeyword && !quoted;
+        if (ordered && keyword && !name.empty() && !expectPart
+            && (IsWord("ASC") || IsWord("DESC"))) {
+            flush(IsWord("DESC") ? okDesc : okAsc);
+            Next();
+            if (IsDelimToken(',')) {
+                Next();
+                continue;
+            }
+            if (Kind() == tkEnd || (Kind() == tkKeyword && !Scanner().TokenQuoted()))
+                return;
+            return Fail();
+        }
+        const bool comma = IsDelimToken(',');
+        if (Kind() == tkEnd || keyword || comma) {
+            if (name.empty() || expectPart)
+                return Fail();
+            flush(okAsc);
+            if (!comma)
+                return;
+            Next();
+            continue;
+        }
+        if (IsDelimToken('.') && !expectPart) {
+            name += '.';
+            expectPart = true;
+            Next();
+            continue;
+        }
+        if (!expectPart || !(IsNameKind() || Kind() == tkInteger || Kind() == tkFunction))
+            return Fail();
+        name += NameText();
+        expectPart = false;
+        Next();
+    }
+}
+
+// ---- token helpers ----
+
+bool TVdSelectParser::IsWord(const char* word) const
+{
+    return !Scanner().TokenQuoted() && text::SameText(Token(), word);
+}
+
+bool TVdSelectParser::IsKeywordToken(const char* word) const
+{
+    return Kind() == tkKeyword && IsWord(word);
+}
+
+bool TVdSelectParser::IsDelimToken(char c) const
+{
+    const std::string& token = Token();
+    return !Scanner().TokenQuoted() && token.size() == 1 && token[0] == c;
+}
+
+bool TVdSelectParser::PeekIs(const char* word)
+{
+    const TVdSQLScanner::TState state = Scanner().SaveState();
+    Scanner().GetNextToken();
+    const bool match = IsWord(word);
+    Scanner().RestoreState(state);
+    return match;
+}
+
+bool TVdSelectParser::IsNameKind() const
+{
+    const TTokenKind kind = Kind();
+    return kind == tkIdent || kind == tkIdentString || kind == tkString
+           || (Scanner().TokenQuoted() && kind != tkEnd);
+}
+
+bool TVdSelectParser::IsOperandKind() const
+{
+    const TTokenKind kind = Kind();
+    return kind == tkFunction || kind == tkInteger || kind == tkFloat || kind == tkString
+           || kind == tkIdent || kind == tkIdentString || (Scanner().TokenQuoted() && kind != tkEnd);
+}
+
+} // namespace vd

@@ -1,0 +1,175 @@
+#pragma once
+
+#include "core/VdCriteria.h"
+#include "core/VdError.h"
+#include "core/VdFieldDef.h"
+#include "core/VdJoinDef.h"
+#include "core/VdOperators.h"
+#include "core/VdScanner.h"
+#include "core/VdScriptFormat.h"
+#include "core/VdStringList.h"
+#include "core/VdTableDef.h"
+#include "core/VdText.h"
+#include "core/VdWordList.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace vd {
+
+enum TVdSelectState : std::uint8_t {
+    ssBegin,
+    ssError,
+    ssEnd,
+    ssSelect,
+    ssFieldDefs,
+    ssInto,
+    ssFrom,
+    ssTableDefs,
+    ssWhere,
+    ssGroupBy,
+    ssHaving,
+    ssOrderBy,
+    ssAppendix
+};
+
+class TVdSelectParser;
+
+using TVdParserErrorEvent = std::function<void(TVdSelectParser* sender, const std::string& errorMsg,
+                                               const std::string& token, int lineNo, int linePos)>;
+
+// What a token of a statement is read as.
+enum class TVdExprContext : std::uint8_t {
+    SelectList, // a field of the select list: qualifiers name the field's table
+    Condition,  // WHERE, HAVING: a qualifier stays part of the name
+    Parameter   // an argument of a stored procedure call
+};
+
+// The root of the query model, and the converter between SQL text and model.
+// Assigning text (SetExpression) parses it; GetExpression prints the statement.
+class TVdSelectParser
+{
+public:
+    TVdSelectParser();
+    virtual ~TVdSelectParser();
+    TVdSelectParser(const TVdSelectParser&) = delete;
+    TVdSelectParser& operator=(const TVdSelectParser&) = delete;
+
+    virtual std::unique_ptr<TVdSQLScanner> CreateScanner();
+    virtual std::unique_ptr<TVdTableDefs> CreateTableDefs();
+    virtual std::unique_ptr<TVdCriterions> CreateWhereItems();
+    virtual std::unique_ptr<TVdCriterions> CreateHavingItems();
+    virtual std::string GetCommaAggregates() const;
+    virtual std::string GetExpression();
+    virtual bool IsJoinDef(const std::string& word) const;
+    virtual void DefineAggregates();
+    virtual void DefineOperators();
+    virtual void DoParse();
+    virtual void DoParseBegin();
+    virtual void DoParseSelectClause();
+    virtual void DoParseIntoClause();
+    virtual void DoParseFieldDef();
+    virtual void DoParseFieldDefs();
+    virtual void DoParseFromClause();
+    virtual void DoParseTableDef();
+    virtual void DoParseProcParams();
+    virtual void DoParseJoinDef();
+    virtual void DoParseTableDefs();
+    virtual void DoParseWhereClause();
+    virtual void DoParseGroupByClause();
+    virtual void DoParseHavingClause();
+    virtual void DoParseOrderByClause();
+    virtual void DoParseAppendix();
+    virtual void DoParseCriterions(TVdCriterions& list);
+    // Reads one expression into node, from the current token up to a token of a stop kind,
+    // the stop word, a "," or ")" outside the expression's own parentheses, or the end.
+    // table receives the table a qualifier names (select list only).
+    virtual void DoParseExpression(TVdFunctionDef& node, TVdTableDef*& table,
+                                   std::uint32_t stopKinds, const std::string& stopWord,
+                                   TVdExprContext context);
+    virtual void ProcessError(const std::string& token, int lineNo, int linePos);
+    virtual bool GetDistinct() const;
+    virtual void SetDistinct(bool value);
+    virtual void Clear();
+
+    void SetExpression(const std::string& text);
+    std::string ProcessKeyword(const std::string& word) const;
+    std::string ProcessFunction(const std::string& name) const;
+
+    TVdSQLScanner& Scanner() const;
+    bool IsValid() const { return FIsValid; }
+    TVdSelectState State() const { return FState; }
+    void SetState(TVdSelectState state) { FState = state; }
+    TVdTableDefs& TableDefs() const;
+    TVdCriterions& WhereItems() const;
+    TVdOrderByItems& OrderByItems() { return FOrderByItems; }
+    const TVdOrderByItems& OrderByItems() const { return FOrderByItems; }
+    TVdGroupByItems& GroupByItems() { return FGroupByItems; }
+    const TVdGroupByItems& GroupByItems() const { return FGroupByItems; }
+    TVdCriterions& HavingItems() const;
+    const TVdWordList& Aggregates() const;
+    TVdOperators& Operators() const;
+    bool Distinct() const { return GetDistinct(); }
+    const std::string& LastTableName() const { return FLastTableName; }
+    const std::string& LastTableAlias() const { return FLastTableAlias; }
+    TVdScriptFormat& ScriptFormat() { return FScriptFormat; }
+    const TVdScriptFormat& ScriptFormat() const { return FScriptFormat; }
+
+    // Copies the host's lists and settings.
+    void SetAggregates(const TVdWordList& words);
+    void SetOperators(const TVdOperators& operators);
+    void SetScriptFormat(const TVdScriptFormat& format);
+
+    TVdParserErrorEvent OnError;
+
+    // A bit set of token kinds for DoParseExpression.
+    static constexpr std::uint32_t KindBit(TTokenKind kind) { return 1u << kind; }
+
+protected:
+    // Token helpers over the scanner.
+    const std::string& Token() const { return Scanner().Token(); }
+    TTokenKind Kind() const { return Scanner().TokenKind(); }
+    bool IsWord(const char* word) const;
+    bool IsKeywordToken(const char* word) const;
+    bool IsDelimToken(char c) const;
+    void Next() { Scanner().GetNextToken(); }
+    bool PeekIs(const char* word);
+    bool IsNameKind() const;
+    bool IsOperandKind() const;
+    void Fail() { FState = ssError; }
+
+    // The model text of the current token read as a name, and read as an alias.
+    std::string NameText() const;
+    std::string AliasText() const;
+    TVdTableDef* FindTableByToken() const;
+
+    std::string FLastTableName;
+    std::string FLastTableAlias;
+
+private:
+    friend class TVdCriteriaReader;
+    friend class TVdExpressionReader;
+
+    void CollectNames(bool ordered);
+    TVdTableDef* ResolveTable(const std::string& name, const std::string* alias);
+    std::string PeekAliasAfterParams();
+    bool ReadJoinCondition(TVdTableDef*& owner, std::string& ownerField, TVdTableDef* joined,
+                           std::string& joinedField, std::string& operation);
+
+    mutable std::unique_ptr<TVdSQLScanner> FScanner;
+    bool FIsValid = true;
+    TVdSelectState FState = ssBegin;
+    mutable std::unique_ptr<TVdTableDefs> FTableDefs;
+    mutable std::unique_ptr<TVdCriterions> FWhereItems;
+    TVdOrderByItems FOrderByItems;
+    TVdGroupByItems FGroupByItems;
+    mutable std::unique_ptr<TVdCriterions> FHavingItems;
+    mutable std::unique_ptr<TVdWordList> FAggregates;
+    mutable std::unique_ptr<TVdOperators> FOperators;
+    bool FDistinct = false;
+    TVdScriptFormat FScriptFormat;
+};
+
+} // namespace vd

@@ -1,0 +1,144 @@
+#include "core/VdStringList.h"
+
+#include "core/VdFieldDef.h"
+#include "core/VdSelectParser.h"
+#include "core/VdTableDef.h"
+
+namespace vd {
+
+TVdStringList::~TVdStringList() = default;
+
+std::string TVdStringList::ProcessName(const std::string& name) const
+{
+    return FParser ? FParser->Scanner().ProcessName(name) : name;
+}
+
+std::string TVdStringList::ProcessKeyword(const std::string& word) const
+{
+    return FParser ? FParser->ProcessKeyword(word) : word;
+}
+
+int TVdStringList::IndexOf(const std::string& line) const
+{
+    for (size_t i = 0; i < FLines.size(); ++i)
+        if (FLines[i] == line)
+            return int(i);
+    return -1;
+}
+
+int TVdStringList::Add(const std::string& line)
+{
+    FLines.push_back(line);
+    return int(FLines.size()) - 1;
+}
+
+void TVdStringList::Delete(int index)
+{
+    if (index >= 0 && index < Count())
+        FLines.erase(FLines.begin() + index);
+}
+
+void TVdStringList::Clear()
+{
+    FLines.clear();
+}
+
+std::string TVdStringList::ClauseScript(const char* first, const char* second,
+                                        const std::vector<std::string>& lines) const
+{
+    if (lines.empty())
+        return std::string();
+    std::string result = ProcessKeyword(first) + " " + ProcessKeyword(second) + "\r\n  ";
+    for (size_t i = 0; i < lines.size(); ++i) {
+        if (i)
+            result += ",\r\n  ";
+        result += lines[i];
+    }
+    result += "\r\n";
+    return result;
+}
+
+void TVdGroupByItems::Rebuild()
+{
+    const TVdSelectParser* parser = Parser();
+    std::vector<const TVdFieldDef*> fields;
+    for (const TVdFieldDef* field : parser->TableDefs().FieldsInOrder())
+        if (field)
+            fields.push_back(field);
+    bool aggregates = false;
+    bool plain = false;
+    for (const TVdFieldDef* field : fields) {
+        if (field->Kind() == fkFunction && parser->Aggregates().Contains(field->Name()))
+            aggregates = true;
+        else
+            plain = true;
+    }
+    Clear();
+    if (!aggregates || !plain)
+        return;
+    for (const TVdFieldDef* field : fields)
+        if (field->Kind() == fkIdentifier && !parser->Aggregates().Contains(field->Name()))
+            Add(ProcessName(field->GetTableAlias() + "." + field->Name()));
+}
+
+std::string TVdGroupByItems::GetScript()
+{
+    if (Parser())
+        Rebuild();
+    return ClauseScript("GROUP", "BY", FLines);
+}
+
+int TVdOrderByItems::Add(const std::string& line)
+{
+    return AddOrdered(line, okAsc);
+}
+
+int TVdOrderByItems::AddOrdered(const std::string& line, TVdOrderKind kind)
+{
+    FOrders.push_back(kind);
+    return TVdStringList::Add(line);
+}
+
+void TVdOrderByItems::Delete(int index)
+{
+    if (index >= 0 && index < Count()) {
+        FOrders.erase(FOrders.begin() + index);
+        TVdStringList::Delete(index);
+    }
+}
+
+void TVdOrderByItems::Clear()
+{
+    FOrders.clear();
+    TVdStringList::Clear();
+}
+
+void TVdOrderByItems::Assign(const TVdOrderByItems& source)
+{
+    if (&source == this)
+        return;
+    FLines = source.FLines;
+    FOrders = source.FOrders;
+}
+
+TVdOrderKind TVdOrderByItems::Orders(int index) const
+{
+    return FOrders.at(size_t(index));
+}
+
+void TVdOrderByItems::SetOrders(int index, TVdOrderKind kind)
+{
+    if (index >= 0 && index < int(FOrders.size()))
+        FOrders[size_t(index)] = kind;
+}
+
+std::string TVdOrderByItems::GetScript() const
+{
+    std::vector<std::string> lines;
+    lines.reserve(FLines.size());
+    for (size_t i = 0; i < FLines.size(); ++i)
+        lines.push_back(ProcessName(FLines[i]) + (FOrders[i] == okDesc ? " DESC" : ""));
+    return ClauseScript("ORDER", "BY", lines);
+}
+
+} // namespace vd

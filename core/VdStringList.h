@@ -1,0 +1,72 @@
+#pragma once
+
+#include "core/VdScanner.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace vd {
+
+class TVdSelectParser;
+
+enum TVdOrderKind : std::uint8_t { okAsc, okDesc };
+
+// A list of lines that knows the parser, through whose scanner it quotes names.
+class TVdStringList
+{
+public:
+    virtual ~TVdStringList();
+
+    TVdSelectParser* Parser() const { return FParser; }
+    void SetParser(TVdSelectParser* parser) { FParser = parser; }
+    std::string ProcessName(const std::string& name) const;
+    std::string ProcessKeyword(const std::string& word) const;
+
+    int Count() const { return int(FLines.size()); }
+    const std::string& operator[](int i) const { return FLines.at(size_t(i)); }
+    const std::vector<std::string>& Lines() const { return FLines; }
+    int IndexOf(const std::string& line) const;
+    virtual int Add(const std::string& line);
+    virtual void Delete(int index);
+    virtual void Clear();
+
+protected:
+    // "GROUP BY\r\n  a,\r\n  b\r\n" from the given lines; empty for none.
+    std::string ClauseScript(const char* first, const char* second,
+                             const std::vector<std::string>& lines) const;
+
+    std::vector<std::string> FLines;
+
+private:
+    TVdSelectParser* FParser = nullptr;
+};
+
+// The GROUP BY list. Printing rebuilds it from the output fields when a parser is present.
+class TVdGroupByItems : public TVdStringList
+{
+public:
+    std::string GetScript();
+    // Refills the list from the parser's output fields (aggregates and plain fields).
+    void Rebuild();
+};
+
+// The ORDER BY list, with a sort direction per line.
+class TVdOrderByItems : public TVdStringList
+{
+public:
+    int Add(const std::string& line) override;
+    int AddOrdered(const std::string& line, TVdOrderKind kind);
+    void Delete(int index) override;
+    void Clear() override;
+    void Assign(const TVdOrderByItems& source);
+    TVdOrderKind Orders(int index) const;
+    // A write out of range is ignored.
+    void SetOrders(int index, TVdOrderKind kind);
+    std::string GetScript() const;
+
+private:
+    std::vector<TVdOrderKind> FOrders;
+};
+
+} // namespace vd

@@ -1,0 +1,479 @@
+#include "core/VdTableDef.h"
+
+#include "core/VdFieldDef.h"
+#include "core/VdJoinDef.h"
+#include "core/VdSelectParser.h"
+
+#include <algorithm>
+#include <cctype>
+#include <unordered_set>
+
+namespace vd {
+
+// ---- TVdTableDef ----
+
+TVdTableDef::TVdTableDef() = default;
+
+TVdTableDef::~TVdTableDef()
+{
+    // Fields leave before the joins; neither reports back to the collection any more.
+    FFieldDefs.reset();
+    FJoinDefs.reset();
+}
+
+TVdTableDefs* TVdTableDef::Tables() const
+{
+    return dynamic_cast<TVdTableDefs*>(Collection());
+}
+
+void TVdTableDef::SetParser(TVdSelectParser* parser)
+{
+    TVdCollectionItem::SetParser(parser);
+    if (FFieldDefs)
+        FFieldDefs->SetParser(parser);
+    if (FJoinDefs)
+        FJoinDefs->SetParser(parser);
+}
+
+void TVdTableDef::Assign(const TVdCollectionItem& source)
+{
+    const auto* src = dynamic_cast<const TVdTableDef*>(&source);
+    if (!src || src == this)
+        return;
+    SetName(src->FName);
+    SetAlias(src->FAlias);
+    FTableType = src->FTableType;
+    FieldDefs().Assign(src->FieldDefs());
+    JoinDefs().Assign(src->JoinDefs());
+}
+
+std::unique_ptr<TVdFieldDefs> TVdTableDef::CreateFieldDefs()
+{
+    return std::make_unique<TVdFieldDefs>(this);
+}
+
+std::unique_ptr<TVdJoinDefs> TVdTableDef::CreateJoinDefs()
+{
+    return std::make_unique<TVdJoinDefs>(this);
+}
+
+TVdFieldDefs& TVdTableDef::FieldDefs()
+{
+    if (!FFieldDefs) {
+        FFieldDefs = CreateFieldDefs();
+        FFieldDefs->SetParser(Parser());
+    }
+    return *FFieldDefs;
+}
+
+const TVdFieldDefs& TVdTableDef::FieldDefs() const
+{
+    return const_cast<TVdTableDef*>(this)->FieldDefs();
+}
+
+TVdJoinDefs& TVdTableDef::JoinDefs()
+{
+    if (!FJoinDefs) {
+        FJoinDefs = CreateJoinDefs();
+        FJoinDefs->SetParser(Parser());
+    }
+    return *FJoinDefs;
+}
+
+const TVdJoinDefs& TVdTableDef::JoinDefs() const
+{
+    return const_cast<TVdTableDef*>(this)->JoinDefs();
+}
+
+void TVdTableDef::SetAlias(const std::string& alias)
+{
+    if (alias == FAlias)
+        return;
+    if (TVdTableDefs* tables = Tables()) {
+        tables->UpdateTableAlias(FAlias, alias);
+        tables->InvalidateLookup();
+    }
+    FAlias = alias;
+}
+
+void TVdTableDef::SetName(const std::string& name)
+{
+    if (name == FName)
+        return;
+    if (FAlias == FName)
+        SetAlias(name);
+    FName = name;
+    if (TVdTableDefs* tables = Tables())
+        tables->InvalidateLookup();
+}
+
+std::string TVdTableDef::ProcessAlias(const std::string& alias) const
+{
+    if (Parser() && Parser()->Scanner().GetProcessAliases())
+        return ProcessName(alias);
+    return alias;
+}
+
+std::string TVdTableDef::GetParamsText() const
+{
+    std::string result;
+    if (!FFieldDefs)
+        return result;
+    for (int i = 0; i < FFieldDefs->Count(); ++i) {
+        const TVdFieldDef* field = FFieldDefs->Items(i);
+        if (!field->IsInputParam())
+            continue;
+        if (!result.empty())
+            result += ", ";
+        result += ":" + field->Name();
+    }
+    return result;
+}
+
+std::string TVdTableDef::GetSourceText() const
+{
+    std::string result = ProcessName(FName);
+    if (FTableType == qttStoredProc) {
+        const std::string params = GetParamsText();
+        if (!params.empty())
+            result += "(" + params + ")";
+    }
+    if (!FAlias.empty() && FAlias != FName)
+        result += " " + ProcessAlias(FAlias);
+    return result;
+}
+
+std::string TVdTableDef::GetScript() const
+{
+    if (const TVdTableDefs* tables = Tables())
+        return tables->GetTableScript(*this);
+    return "  " + GetSourceText();
+}
+
+void TVdTableDef::Added()
+{
+    if (TVdTableDefs* tables = Tables())
+        tables->InvalidateLookup();
+}
+
+void TVdTableDef::Removing()
+{
+    if (TVdTableDefs* tables = Tables()) {
+        tables->FieldsRemoved(*this);
+        tables->InvalidateLookup();
+    }
+}
+
+// ---- TVdTableDefs ----
+
+TVdTableDefs::TVdTableDefs()
+    : TVdCollectionOf<TVdTableDef>([] { return std::make_unique<TVdTableDef>(); })
+{
+}
+
+TVdTableDefs::~TVdTableDefs()
+{
+    Clear();
+}
+
+void TVdTableDefs::EnsureLookup() const
+{
+    if (FLookupValid)
+        return;
+    FByAlias.clear();
+    FByName.clear();
+    for (int i = 0; i < Count(); ++i) {
+        TVdTableDef* table = Items(i);
+        FByAlias.emplace(table->Alias(), table);
+        FByName.emplace(table->Name(), table);
+    }
+    FLookupValid = true;
+}
+
+TVdTableDef* TVdTableDefs::FindByName(const std::string& name) const
+{
+    EnsureLookup();
+    auto it = FByName.find(name);
+    return it == FByName.end() ? nullptr : it->second;
+}
+
+TVdTableDef* TVdTableDefs::FindByAlias(const std::string& alias) const
+{
+    EnsureLookup();
+    auto it = FByAlias.find(alias);
+    return it == FByAlias.end() ? nullptr : it->second;
+}
+
+TVdTableDef* TVdTableDefs::FindByAliasOrName(const std::string& text) const
+{
+    TVdTableDef* table = FindByAlias(text);
+    return table ? table : FindByName(text);
+}
+
+std::vector<TVdFieldDef*> TVdTableDefs::FieldsInOrder() const
+{
+    std::vector<TVdFieldDef*> ordered(size_t(FFieldCount), nullptr);
+    for (int t = 0; t < Count(); ++t) {
+        const TVdFieldDefs& fields = Items(t)->FieldDefs();
+        for (int f = 0; f < fields.Count(); ++f) {
+            TVdFieldDef* field = fields.Items(f);
+            const int index = field->FieldIndex();
+            if (index >= 0 && index < FFieldCount && !ordered[size_t(index)])
+                ordered[size_t(index)] = field;
+        }
+    }
+    return ordered;
+}
+
+TVdFieldDef* TVdTableDefs::GetFieldDefs(int index) const
+{
+    for (int t = 0; t < Count(); ++t) {
+        const TVdFieldDefs& fields = Items(t)->FieldDefs();
+        for (int f = 0; f < fields.Count(); ++f)
+            if (fields.Items(f)->FieldIndex() == index)
+                return fields.Items(f);
+    }
+    return nullptr;
+}
+
+bool TVdTableDefs::IsTableJoined(const TVdTableDef& table) const
+{
+    for (int t = 0; t < Count(); ++t) {
+        const TVdJoinDefs& joins = Items(t)->JoinDefs();
+        for (int j = 0; j < joins.Count(); ++j)
+            if (joins.Items(j)->JoinTable == table.Alias())
+                return true;
+    }
+    return false;
+}
+
+void TVdTableDefs::AppendJoins(const TVdTableDef& root, std::string& out) const
+{
+    auto appendOwn = [&out](const TVdTableDef& table) {
+        if (table.JoinDefs().Count() == 0)
+            return;
+        out += ' ';
+        out += table.JoinDefs().GetScript();
+    };
+    // Depth first, as a recursion would go; a table is entered once, so a cycle of joins
+    // cannot loop.
+    struct Frame {
+        const TVdTableDef* Table;
+        int Next;
+    };
+    std::unordered_set<const TVdTableDef*> visited{&root};
+    std::vector<Frame> stack{{&root, 0}};
+    appendOwn(root);
+    while (!stack.empty()) {
+        Frame& frame = stack.back();
+        if (frame.Next >= frame.Table->JoinDefs().Count()) {
+            stack.pop_back();
+            continue;
+        }
+        const TVdJoinDef* join = frame.Table->JoinDefs().Items(frame.Next++);
+        const TVdTableDef* joined = FindByAlias(join->JoinTable);
+        if (!joined || !visited.insert(joined).second)
+            continue;
+        appendOwn(*joined);
+        stack.push_back({joined, 0});
+    }
+}
+
+std::string TVdTableDefs::GetTableScript(const TVdTableDef& table) const
+{
+    std::string out = "  " + table.GetSourceText();
+    AppendJoins(table, out);
+    return out;
+}
+
+std::string TVdTableDefs::GetScript(std::string& selectList) const
+{
+    std::string fields;
+    for (const TVdFieldDef* field : FieldsInOrder()) {
+        if (!field || field->IsInputParam())
+            continue;
+        const std::string script = field->GetScript();
+        if (script.empty())
+            continue;
+        if (!fields.empty())
+            fields += ",\r\n";
+        fields += "  ";
+        fields += script;
+    }
+    std::unordered_set<std::string> joined;
+    for (int t = 0; t < Count(); ++t) {
+        const TVdJoinDefs& joins = Items(t)->JoinDefs();
+        for (int j = 0; j < joins.Count(); ++j)
+            joined.insert(joins.Items(j)->JoinTable);
+    }
+    std::string tables;
+    for (int t = 0; t < Count(); ++t) {
+        const TVdTableDef* table = Items(t);
+        // A table that no text has named yet (SELECT A without FROM) has no FROM line.
+        if (table->Name().empty() || joined.count(table->Alias()))
+            continue;
+        if (!tables.empty())
+            tables += ",\r\n";
+        tables += GetTableScript(*table);
+    }
+    if (!fields.empty())
+        selectList = "\r\n" + fields;
+    else
+        selectList = Count() > 0 ? "*" : "";
+    if (tables.empty())
+        return selectList;
+    const std::string from = Parser() ? Parser()->ProcessKeyword("FROM") : std::string("FROM");
+    return selectList + "\r\n" + from + "\r\n" + tables + "\r\n";
+}
+
+std::string TVdTableDefs::GetScript() const
+{
+    std::string selectList;
+    return GetScript(selectList);
+}
+
+bool TVdTableDefs::AliasUsed(const std::string& alias) const
+{
+    auto it = FAliasCount.find(alias);
+    return it != FAliasCount.end() && it->second > 0;
+}
+
+std::string TVdTableDefs::GetUniqueAlias(const std::string& name, bool force)
+{
+    if (!force && !AliasUsed(name))
+        return name;
+    // Every counter below the hint is known to be taken: start the search behind it.
+    auto hint = FCounterHint.find(name);
+    int counter = hint == FCounterHint.end() ? 0 : hint->second;
+    std::string result;
+    do {
+        ++counter;
+        result = name + std::to_string(counter);
+    } while (AliasUsed(result));
+    FCounterHint[name] = counter - 1;
+    return result;
+}
+
+void TVdTableDefs::AliasChanged(const std::string& oldAlias, const std::string& newAlias)
+{
+    auto it = FAliasCount.find(oldAlias);
+    if (it != FAliasCount.end() && --it->second <= 0) {
+        FAliasCount.erase(it);
+        // A freed name1, name2, ... may be the lowest free counter of name again.
+        for (size_t i = oldAlias.size(); i > 0 && std::isdigit(static_cast<unsigned char>(oldAlias[i - 1])); --i)
+            FCounterHint.erase(oldAlias.substr(0, i - 1));
+    }
+    ++FAliasCount[newAlias];
+}
+
+void TVdTableDefs::FieldAdded(TVdFieldDef& field)
+{
+    ++FFieldCount;
+    field.SetFieldIndex(FFieldCount - 1);
+    ++FAliasCount[field.Alias()];
+}
+
+void TVdTableDefs::FieldRemoved(TVdFieldDef& field)
+{
+    --FFieldCount;
+    AliasChanged(field.Alias(), std::string());
+    --FAliasCount[std::string()];
+    DecrementIndexes({field.FieldIndex()}, nullptr);
+}
+
+void TVdTableDefs::FieldsRemoved(TVdTableDef& table)
+{
+    const TVdFieldDefs& fields = table.FieldDefs();
+    if (fields.Count() == 0)
+        return;
+    std::vector<int> removed;
+    removed.reserve(size_t(fields.Count()));
+    for (int f = 0; f < fields.Count(); ++f) {
+        const TVdFieldDef* field = fields.Items(f);
+        removed.push_back(field->FieldIndex());
+        AliasChanged(field->Alias(), std::string());
+        --FAliasCount[std::string()];
+    }
+    FFieldCount -= fields.Count();
+    DecrementIndexes(std::move(removed), &table);
+}
+
+void TVdTableDefs::DecrementIndexes(std::vector<int> removed, const TVdTableDef* skip)
+{
+    std::sort(removed.begin(), removed.end());
+    for (int t = 0; t < Count(); ++t) {
+        TVdTableDef* table = Items(t);
+        if (table == skip)
+            continue;
+        TVdFieldDefs& fields = table->FieldDefs();
+        for (int f = 0; f < fields.Count(); ++f) {
+            TVdFieldDef* field = fields.Items(f);
+            const int index = field->FieldIndex();
+            const auto below = std::lower_bound(removed.begin(), removed.end(), index) - removed.begin();
+            if (below > 0)
+                field->SetFieldIndex(index - int(below));
+        }
+    }
+}
+
+void TVdTableDefs::Clearing()
+{
+    FFieldCount = 0;
+    FAliasCount.clear();
+    FCounterHint.clear();
+    FLookupValid = false;
+}
+
+void TVdTableDefs::UpdateJoins()
+{
+    for (int t = 0; t < Count(); ++t) {
+        TVdJoinDefs& joins = Items(t)->JoinDefs();
+        for (int j = joins.Count() - 1; j >= 0; --j) {
+            const TVdJoinDef* join = joins.Items(j);
+            const TVdTableDef* joined = FindByAliasOrName(join->JoinTable);
+            const TVdFieldDefs* fields = joined ? &joined->FieldDefs() : nullptr;
+            if (!fields || (!fields->FindByAlias(join->JoinField) && !fields->FindByName(join->JoinField)))
+                joins.Delete(j);
+        }
+    }
+}
+
+void TVdTableDefs::UpdateFieldAliases()
+{
+    for (int t = 0; t < Count(); ++t) {
+        TVdFieldDefs& fields = Items(t)->FieldDefs();
+        std::unordered_map<std::string, int> aliases;
+        for (int f = 0; f < fields.Count(); ++f)
+            ++aliases[fields.Items(f)->Alias()];
+        for (int f = 0; f < fields.Count(); ++f) {
+            TVdFieldDef* field = fields.Items(f);
+            auto it = aliases.find(field->Name());
+            const int others = (it == aliases.end() ? 0 : it->second) - (field->Alias() == field->Name() ? 1 : 0);
+            if (others <= 0)
+                continue;
+            const std::string alias = GetUniqueAlias(field->Kind() == fkIdentifier ? field->Name() : "FIELD_", true);
+            --aliases[field->Alias()];
+            ++aliases[alias];
+            field->SetAlias(alias);
+        }
+    }
+}
+
+void TVdTableDefs::UpdateTableAlias(const std::string& oldAlias, const std::string& newAlias)
+{
+    for (int t = 0; t < Count(); ++t) {
+        TVdJoinDefs& joins = Items(t)->JoinDefs();
+        for (int j = 0; j < joins.Count(); ++j)
+            if (joins.Items(j)->JoinTable == oldAlias)
+                joins.Items(j)->JoinTable = newAlias;
+    }
+}
+
+void TVdTableDefs::EndUpdate()
+{
+    TVdCollection::EndUpdate();
+    if (UpdateCount() == 0)
+        UpdateFieldAliases();
+}
+
+} // namespace vd

@@ -1,0 +1,126 @@
+#pragma once
+
+#include "core/VdCollection.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace vd {
+
+class TVdFieldDef;
+class TVdFieldDefs;
+class TVdJoinDefs;
+class TVdTableDefs;
+
+enum TVdTableDefType : std::uint8_t { qttTable, qttStoredProc };
+
+// One table or stored procedure of the FROM clause, with its fields and its joins.
+class TVdTableDef : public TVdCollectionItem
+{
+public:
+    TVdTableDef();
+    ~TVdTableDef() override;
+
+    void SetParser(TVdSelectParser* parser) override;
+    void Assign(const TVdCollectionItem& source) override;
+    virtual std::unique_ptr<TVdFieldDefs> CreateFieldDefs();
+    virtual std::unique_ptr<TVdJoinDefs> CreateJoinDefs();
+    // The table's line of the FROM clause, its joins following.
+    virtual std::string GetScript() const;
+
+    const std::string& Alias() const { return FAlias; }
+    // Renames the alias, and every join that names the old alias with it.
+    void SetAlias(const std::string& alias);
+    const std::string& Name() const { return FName; }
+    // A new name carries the alias along while the alias followed the name.
+    void SetName(const std::string& name);
+    TVdTableDefType TableType() const { return FTableType; }
+    void SetTableType(TVdTableDefType type) { FTableType = type; }
+
+    TVdFieldDefs& FieldDefs();
+    const TVdFieldDefs& FieldDefs() const;
+    TVdJoinDefs& JoinDefs();
+    const TVdJoinDefs& JoinDefs() const;
+
+    // The processed name, a procedure's argument list and the processed alias: the text that
+    // stands for the table in FROM and after JOIN.
+    std::string GetSourceText() const;
+    // ":A, :B" for the input parameters of a stored procedure.
+    std::string GetParamsText() const;
+    std::string ProcessAlias(const std::string& alias) const;
+
+protected:
+    void Added() override;
+    void Removing() override;
+
+private:
+    TVdTableDefs* Tables() const;
+
+    std::string FAlias;
+    mutable std::unique_ptr<TVdFieldDefs> FFieldDefs;
+    mutable std::unique_ptr<TVdJoinDefs> FJoinDefs;
+    std::string FName;
+    TVdTableDefType FTableType = qttTable;
+};
+
+// The tables of a statement. Keeps the statement-wide field order and the set of field
+// aliases up to date as fields come and go, so that printing and alias generation stay
+// linear in the size of the statement.
+class TVdTableDefs : public TVdCollectionOf<TVdTableDef>
+{
+public:
+    TVdTableDefs();
+    ~TVdTableDefs() override;
+
+    TVdTableDef* FindByName(const std::string& name) const;
+    TVdTableDef* FindByAlias(const std::string& alias) const;
+    // By alias first, then by name.
+    TVdTableDef* FindByAliasOrName(const std::string& text) const;
+    // The select list (out) and the whole text: select list, FROM and the tables.
+    virtual std::string GetScript(std::string& selectList) const;
+    std::string GetScript() const;
+    // name, or name1, name2, ... when forced or while another field has that alias.
+    std::string GetUniqueAlias(const std::string& name, bool force);
+    bool IsTableJoined(const TVdTableDef& table) const;
+    int GetFieldCount() const { return FFieldCount; }
+    TVdFieldDef* GetFieldDefs(int index) const;
+    // Deletes every join whose table or field is missing.
+    void UpdateJoins();
+    void UpdateFieldAliases();
+    void UpdateTableAlias(const std::string& oldAlias, const std::string& newAlias);
+    void EndUpdate() override;
+
+    // Bookkeeping hooks of the fields and tables.
+    void FieldAdded(TVdFieldDef& field);
+    void FieldRemoved(TVdFieldDef& field);
+    void FieldsRemoved(TVdTableDef& table);
+    void AliasChanged(const std::string& oldAlias, const std::string& newAlias);
+    void InvalidateLookup() { FLookupValid = false; }
+
+    // All fields ordered by their field index (first found wins; gaps stay null).
+    std::vector<TVdFieldDef*> FieldsInOrder() const;
+    // The table's line of the FROM clause with its joins and, recursively, their joins.
+    std::string GetTableScript(const TVdTableDef& table) const;
+
+protected:
+    void Clearing() override;
+
+private:
+    void DecrementIndexes(std::vector<int> removed, const TVdTableDef* skip);
+    bool AliasUsed(const std::string& alias) const;
+    void AppendJoins(const TVdTableDef& table, std::string& out) const;
+    void EnsureLookup() const;
+
+    mutable std::unordered_map<std::string, TVdTableDef*> FByAlias;
+    mutable std::unordered_map<std::string, TVdTableDef*> FByName;
+    mutable bool FLookupValid = false;
+
+    int FFieldCount = 0;
+    std::unordered_map<std::string, int> FAliasCount;
+    std::unordered_map<std::string, int> FCounterHint;
+};
+
+} // namespace vd

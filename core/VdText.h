@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+// Small ASCII text helpers shared by the scanner, the model and the parser.
+namespace vd::text {
+
+char UpperChar(char c);
+char LowerChar(char c);
+std::string Upper(std::string_view s);
+std::string Lower(std::string_view s);
+bool SameText(std::string_view a, std::string_view b);
+int CompareText(std::string_view a, std::string_view b);
+std::string Trim(std::string_view s);
+std::vector<std::string> SplitComma(std::string_view commaText);
+// Encloses s in quote, doubling every quote inside.
+std::string QuotedStr(std::string_view s, char quote);
+// Replaces every doubled quote by a single one.
+std::string UndoubleQuotes(std::string_view s, char quote);
+
+} // namespace vd::text
