@@ -140,9 +140,17 @@ void TVdSelectParser::DoParseTableDef()
 {
     if (!IsNameKind())
         return Fail();
-    const std::string name = NameText();
-    // What follows the name: an alias, "(" of a procedure call, or the end of this entry.
+    // A qualified name (S.T, customer.db) is one table name.
+    std::string name = NameText();
     Next();
+    while (IsDelimToken('.')) {
+        Next();
+        if (!IsNameKind())
+            return Fail();
+        name += "." + NameText();
+        Next();
+    }
+    // What follows the name: an alias, "(" of a procedure call, or the end of this entry.
     const bool call = IsDelimToken('(');
     std::string alias;
     bool hasAlias = false;

@@ -441,6 +441,7 @@ void TVdSelectParser::CollectNames(bool ordered)
             flush(IsWord("DESC") ? okDesc : okAsc);
             Next();
             if (IsDelimToken(',')) {
+                expectPart = true;
                 Next();
                 continue;
             }
@@ -455,6 +456,7 @@ void TVdSelectParser::CollectNames(bool ordered)
             flush(okAsc);
             if (!comma)
                 return;
+            expectPart = true;
             Next();
             continue;
         }
