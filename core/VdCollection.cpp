@@ -19,15 +19,7 @@ void TVdCollectionItem::Assign(const TVdCollectionItem&)
 
 std::string TVdCollectionItem::ProcessName(const std::string& name) const
 {
-    if (!FParser)
-        return name;
-    const TVdSQLScanner& scanner = FParser->Scanner();
-    // A file-name table such as customer.db is quoted as one name, not split at its dot.
-    if (scanner.GetQuoteIdentifiers() && text::Lower(name).find(".db") != std::string::npos) {
-        const char quote = scanner.GetIdentQuote();
-        return quote + name + quote;
-    }
-    return scanner.ProcessName(name);
+    return FParser ? FParser->ProcessItemName(name) : name;
 }
 
 std::string TVdCollectionItem::ProcessKeyword(const std::string& word) const

@@ -161,7 +161,9 @@ std::string TVdCriterions::GetScript() const
     for (int i = 0; i < Count(); ++i) {
         if (i)
             result += "\r\n  ";
-        result += "(" + Items(i)->GetScript() + ")";
+        result += '(';
+        result += Items(i)->GetScript();
+        result += ')';
         if (i < Count() - 1)
             result += connector;
     }

@@ -54,12 +54,12 @@ TVdOperator* TVdOperators::FindByName(const std::string& text) const
 
 TVdOperator* TVdOperators::FindNearest(const std::string& text, bool& partial) const
 {
-    const std::string upper = text::Upper(text);
     for (int i = 0; i < Count(); ++i) {
         TVdOperator* op = Items(i);
-        const std::string caption = text::Upper(op->Caption);
-        if (upper.compare(0, caption.size(), caption) == 0) {
-            partial = upper.size() != caption.size();
+        const std::string& caption = op->Caption;
+        if (caption.size() <= text.size()
+            && text::SameText(std::string_view(text).substr(0, caption.size()), caption)) {
+            partial = text.size() != caption.size();
             return op;
         }
     }
@@ -68,11 +68,10 @@ TVdOperator* TVdOperators::FindNearest(const std::string& text, bool& partial) c
 
 bool TVdOperators::IsCaptionStart(const std::string& text) const
 {
-    const std::string upper = text::Upper(text);
     for (int i = 0; i < Count(); ++i) {
-        const std::string caption = text::Upper(Items(i)->Caption);
-        if (caption.size() > upper.size() && caption.compare(0, upper.size(), upper) == 0
-            && caption[upper.size()] == ' ')
+        const std::string& caption = Items(i)->Caption;
+        if (caption.size() > text.size() && caption[text.size()] == ' '
+            && text::SameText(std::string_view(caption).substr(0, text.size()), text))
             return true;
     }
     return false;

@@ -23,11 +23,7 @@ std::string TVdSelectParser::NameText() const
     const TVdSQLScanner& scanner = Scanner();
     if (!scanner.TokenQuoted())
         return Token();
-    return ModelText(scanner, Token(), [this](const std::string& name) {
-        TVdFieldDef probe;
-        probe.SetParser(const_cast<TVdSelectParser*>(this));
-        return probe.ProcessName(name);
-    });
+    return ModelText(scanner, Token(), [this](const std::string& name) { return ProcessItemName(name); });
 }
 
 std::string TVdSelectParser::AliasText() const
@@ -38,6 +34,20 @@ std::string TVdSelectParser::AliasText() const
     return ModelText(scanner, Token(), [&scanner](const std::string& alias) {
         return scanner.GetProcessAliases() ? scanner.ProcessName(alias) : alias;
     });
+}
+
+std::string TVdSelectParser::ProcessItemName(const std::string& name) const
+{
+    const TVdSQLScanner& scanner = Scanner();
+    // A file-name table such as customer.db is quoted as one name, not split at its dot.
+    if (scanner.GetQuoteIdentifiers()) {
+        for (size_t i = 0; i + 3 <= name.size(); ++i)
+            if (name[i] == '.' && text::SameText(std::string_view(name).substr(i, 3), ".db")) {
+                const char quote = scanner.GetIdentQuote();
+                return quote + name + quote;
+            }
+    }
+    return scanner.ProcessName(name);
 }
 
 TVdTableDef* TVdSelectParser::FindTableByToken() const

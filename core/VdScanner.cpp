@@ -150,22 +150,25 @@ bool TVdSQLScanner::IsIdentQuote(char c) const
     return c == '"' || c == '\'';
 }
 
+// Both read the cached classes, which hold what IsAlpha, IsLegalSymbol and IsDigit answer.
 bool TVdSQLScanner::IsIdentifier(const std::string& s) const
 {
-    if (s.empty() || !IsAlpha(s[0]))
+    const_cast<TVdSQLScanner*>(this)->EnsureCharClasses();
+    if (s.empty() || !Has(s[0], ccAlpha))
         return false;
     for (size_t i = 1; i < s.size(); ++i)
-        if (!IsLegalSymbol(s[i]))
+        if (!Has(s[i], ccLegal))
             return false;
     return true;
 }
 
 bool TVdSQLScanner::IsInteger(const std::string& s) const
 {
+    const_cast<TVdSQLScanner*>(this)->EnsureCharClasses();
     if (s.empty())
         return false;
     for (char c : s)
-        if (!IsDigit(c))
+        if (!Has(c, ccDigit))
             return false;
     return true;
 }
@@ -421,7 +424,7 @@ void TVdSQLScanner::EnsureCharClasses()
         return;
     for (int i = 0; i < 256; ++i) {
         const char c = char(i);
-        std::uint8_t cls = 0;
+        std::uint16_t cls = 0;
         if (IsAlpha(c))
             cls |= ccAlpha;
         if (IsDigit(c))
@@ -438,6 +441,10 @@ void TVdSQLScanner::EnsureCharClasses()
             cls |= ccComparison;
         if (IsLegalSymbol(c))
             cls |= ccLegal;
+        if (ShouldLevelUp(c))
+            cls |= ccLevelUp;
+        if (ShouldLevelDown(c))
+            cls |= ccLevelDown;
         FClasses[i] = cls;
     }
     FClassesValid = true;
@@ -523,8 +530,14 @@ TTokenKind TVdSQLScanner::ScanOne(std::string& result)
         }
         if (result.empty())
             FTokenStart = FPosition;
-        result += c;
-        ++FPosition;
+        // Characters that end nothing are taken as a run.
+        const std::uint16_t stops = FInString ? (ccQuote | ccIdentQuote)
+                                              : (ccQuote | ccIdentQuote | ccDelim | ccSpace);
+        int end = FPosition + 1;
+        while (end <= FLength && !Has(CharAt(end), stops))
+            ++end;
+        result.append(FExpression, size_t(FPosition - 1), size_t(end - FPosition));
+        FPosition = end;
     }
     return kind;
 }
@@ -552,7 +565,7 @@ void TVdSQLScanner::RaiseUnterminated() const
 const std::string& TVdSQLScanner::GetNextToken()
 {
     EnsureCharClasses();
-    std::string result;
+    std::string& result = FBuffer;
     for (;;) {
         if (FTokenKind != tkSpace && FTokenKind != tkEol)
             FSpaceCount = 0;
@@ -577,9 +590,9 @@ const std::string& TVdSQLScanner::GetNextToken()
         }
         if (!FInString && FPosition > 1) {
             const char last = CharAt(FPosition - 1);
-            if (ShouldLevelUp(last))
+            if (Has(last, ccLevelUp))
                 ++FLevel;
-            else if (ShouldLevelDown(last))
+            else if (Has(last, ccLevelDown))
                 --FLevel;
         }
         if (kind == tkEnd && FInString)
@@ -594,9 +607,35 @@ const std::string& TVdSQLScanner::GetNextToken()
                 FTokenStart = FPosition;
             FTokenEnd = FPosition;
         }
-        FToken = std::move(result);
+        FToken.swap(result);
         return FToken;
     }
+}
+
+bool TVdSQLScanner::NextIsDelim(char c)
+{
+    EnsureCharClasses();
+    if (!FInString && !FEmptyStringPending) {
+        int p = FPosition;
+        for (;;) {
+            const char ch = CharAt(p);
+            if (p <= FLength && Has(ch, ccSpace)) {
+                ++p;
+            } else if (ch == '\r' && CharAt(p + 1) == '\n') {
+                p += 2;
+            } else {
+                // A plain delimiter is a token of its own; anything else is looked at in full.
+                if (p > FLength || Has(ch, ccQuote | ccIdentQuote | ccComparison) || !Has(ch, ccDelim))
+                    break;
+                return ch == c;
+            }
+        }
+    }
+    const TState state = SaveState();
+    GetNextToken();
+    const bool match = !FTokenQuoted && FToken.size() == 1 && FToken[0] == c;
+    RestoreState(state);
+    return match;
 }
 
 std::string TVdSQLScanner::RawToken() const

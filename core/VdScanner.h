@@ -150,6 +150,10 @@ public:
     };
     TState SaveState() const;
     void RestoreState(const TState& state);
+    // Whether the next token is the single delimiter c; the same answer as looking ahead with
+    // GetTokenPlus, without scanning a whole token where blanks and line ends are all that
+    // stand between.
+    bool NextIsDelim(char c);
 
 protected:
     // Re-reads the character classes on the next scan; dialects call it when a setting
@@ -157,7 +161,7 @@ protected:
     void InvalidateCharClasses() { FClassesValid = false; }
 
 private:
-    enum : std::uint8_t {
+    enum : std::uint16_t {
         ccAlpha = 1,
         ccDigit = 2,
         ccDelim = 4,
@@ -165,10 +169,12 @@ private:
         ccIdentQuote = 16,
         ccSpace = 32,
         ccComparison = 64,
-        ccLegal = 128
+        ccLegal = 128,
+        ccLevelUp = 256,
+        ccLevelDown = 512
     };
     void EnsureCharClasses();
-    bool Has(char c, std::uint8_t cls) const { return FClasses[static_cast<unsigned char>(c)] & cls; }
+    bool Has(char c, std::uint16_t cls) const { return FClasses[static_cast<unsigned char>(c)] & cls; }
     TTokenKind ScanOne(std::string& result);
     bool ScanDelimOrSpace(char c, std::string& result, TTokenKind& kind);
     TTokenKind ClassifyWord(const std::string& result) const;
@@ -191,7 +197,8 @@ private:
     char FTokenQuote = '\0';
     char FOpenQuote = '\0';
     int FQuoteStart = 0;
-    std::uint8_t FClasses[256] = {};
+    std::uint16_t FClasses[256] = {};
+    std::string FBuffer;
     bool FClassesValid = false;
 };
 

@@ -32,10 +32,9 @@ std::unique_ptr<TVdCriterions> TVdSelectParser::CreateHavingItems()
     return std::make_unique<TVdHavingItems>();
 }
 
-TVdSQLScanner& TVdSelectParser::Scanner() const
+TVdSQLScanner& TVdSelectParser::MakeScanner() const
 {
-    if (!FScanner)
-        FScanner = const_cast<TVdSelectParser*>(this)->CreateScanner();
+    FScanner = const_cast<TVdSelectParser*>(this)->CreateScanner();
     return *FScanner;
 }
 
@@ -494,6 +493,8 @@ bool TVdSelectParser::IsDelimToken(char c) const
 
 bool TVdSelectParser::PeekIs(const char* word)
 {
+    if (word[0] != '\0' && word[1] == '\0' && (word[0] == '(' || word[0] == '.'))
+        return Scanner().NextIsDelim(word[0]);
     const TVdSQLScanner::TState state = Scanner().SaveState();
     Scanner().GetNextToken();
     const bool match = IsWord(word);

@@ -97,8 +97,11 @@ public:
     void SetExpression(const std::string& text);
     std::string ProcessKeyword(const std::string& word) const;
     std::string ProcessFunction(const std::string& name) const;
+    // How the model prints a name of a table, field or alias (a file name such as customer.db
+    // is quoted whole).
+    std::string ProcessItemName(const std::string& name) const;
 
-    TVdSQLScanner& Scanner() const;
+    TVdSQLScanner& Scanner() const { return FScanner ? *FScanner : MakeScanner(); }
     bool IsValid() const { return FIsValid; }
     TVdSelectState State() const { return FState; }
     void SetState(TVdSelectState state) { FState = state; }
@@ -152,6 +155,7 @@ private:
     friend class TVdCriteriaReader;
     friend class TVdExpressionReader;
 
+    TVdSQLScanner& MakeScanner() const;
     void CollectNames(bool ordered);
     TVdTableDef* ResolveTable(const std::string& name, const std::string* alias);
     std::string PeekAliasAfterParams();

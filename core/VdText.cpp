@@ -2,16 +2,6 @@
 
 namespace vd::text {
 
-char UpperChar(char c)
-{
-    return (c >= 'a' && c <= 'z') ? char(c - 'a' + 'A') : c;
-}
-
-char LowerChar(char c)
-{
-    return (c >= 'A' && c <= 'Z') ? char(c - 'A' + 'a') : c;
-}
-
 std::string Upper(std::string_view s)
 {
     std::string r(s);

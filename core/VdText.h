@@ -7,8 +7,16 @@
 // Small ASCII text helpers shared by the scanner, the model and the parser.
 namespace vd::text {
 
-char UpperChar(char c);
-char LowerChar(char c);
+inline char UpperChar(char c)
+{
+    return (c >= 'a' && c <= 'z') ? char(c - 'a' + 'A') : c;
+}
+
+inline char LowerChar(char c)
+{
+    return (c >= 'A' && c <= 'Z') ? char(c - 'A' + 'a') : c;
+}
+
 std::string Upper(std::string_view s);
 std::string Lower(std::string_view s);
 bool SameText(std::string_view a, std::string_view b);

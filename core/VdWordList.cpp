@@ -10,18 +10,21 @@ void TVdWordList::Clear()
 {
     FItems.clear();
     FSorted = false;
+    Changed();
 }
 
 void TVdWordList::Add(const std::string& word)
 {
     FItems.push_back(word);
     FSorted = false;
+    Changed();
 }
 
 void TVdWordList::SetCommaText(std::string_view commaText)
 {
     FItems = text::SplitComma(commaText);
     FSorted = false;
+    Changed();
 }
 
 std::string TVdWordList::GetCommaText() const
@@ -41,6 +44,7 @@ void TVdWordList::Sort()
         return text::CompareText(a, b) < 0;
     });
     FSorted = true;
+    Changed();
 }
 
 void TVdWordList::Assign(const TVdWordList& other, bool upperCase)
@@ -51,21 +55,67 @@ void TVdWordList::Assign(const TVdWordList& other, bool upperCase)
     for (const std::string& w : other.FItems)
         FItems.push_back(upperCase ? text::Upper(w) : w);
     FSorted = false;
+    Changed();
 }
 
+size_t TVdWordList::TNoCaseHash::operator()(std::string_view s) const
+{
+    size_t h = 1469598103934665603ull;
+    for (char c : s)
+        h = (h ^ static_cast<unsigned char>(text::UpperChar(c))) * 1099511628211ull;
+    return h;
+}
+
+bool TVdWordList::TNoCaseEqual::operator()(std::string_view a, std::string_view b) const
+{
+    return text::SameText(a, b);
+}
+
+namespace {
+
+inline unsigned FilterRow(char c)
+{
+    return static_cast<unsigned char>(text::UpperChar(c)) & 63u;
+}
+
+inline std::uint64_t FilterBit(size_t length)
+{
+    return std::uint64_t(1) << (length < 63 ? length : 63);
+}
+
+} // namespace
+
+void TVdWordList::BuildIndex() const
+{
+    FIndex.clear();
+    for (std::uint64_t& row : FFilter)
+        row = 0;
+    for (size_t i = 0; i < FItems.size(); ++i) {
+        FIndex.emplace(FItems[i], int(i));
+        if (!FItems[i].empty())
+            FFilter[FilterRow(FItems[i][0])] |= FilterBit(FItems[i].size());
+    }
+    FIndexValid = true;
+}
+
+// Case-insensitive: the first place of the word in the list, sorted or not (the same place a
+// binary search over the sorted list or a scan over the unsorted one finds).
 int TVdWordList::IndexOf(std::string_view word) const
 {
-    if (FSorted) {
-        auto it = std::lower_bound(FItems.begin(), FItems.end(), word,
-                                   [](const std::string& a, std::string_view b) {
-                                       return text::CompareText(a, b) < 0;
-                                   });
-        if (it != FItems.end() && text::SameText(*it, word))
-            return int(it - FItems.begin());
+    if (!FIndexValid)
+        BuildIndex();
+    if (word.empty())
+        return IndexOfEmpty();
+    if (!(FFilter[FilterRow(word[0])] & FilterBit(word.size())))
         return -1;
-    }
+    auto it = FIndex.find(word);
+    return it == FIndex.end() ? -1 : it->second;
+}
+
+int TVdWordList::IndexOfEmpty() const
+{
     for (size_t i = 0; i < FItems.size(); ++i)
-        if (text::SameText(FItems[i], word))
+        if (FItems[i].empty())
             return int(i);
     return -1;
 }

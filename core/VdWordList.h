@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace vd {
@@ -29,8 +31,26 @@ public:
     const std::vector<std::string>& Items() const { return FItems; }
 
 private:
+    void Changed() { FIndexValid = false; }
+    void BuildIndex() const;
+    int IndexOfEmpty() const;
+
     std::vector<std::string> FItems;
     bool FSorted = false;
+    // Lookup without copying the probe: hash and compare ignore ASCII case.
+    struct TNoCaseHash {
+        using is_transparent = void;
+        size_t operator()(std::string_view s) const;
+    };
+    struct TNoCaseEqual {
+        using is_transparent = void;
+        bool operator()(std::string_view a, std::string_view b) const;
+    };
+    // Rebuilt after a change: the first place of each word, and a filter on (first letter,
+    // length) that turns most non-words away before hashing.
+    mutable std::unordered_map<std::string, int, TNoCaseHash, TNoCaseEqual> FIndex;
+    mutable std::uint64_t FFilter[64] = {};
+    mutable bool FIndexValid = false;
 };
 
 } // namespace vd
