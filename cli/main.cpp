@@ -1,18 +1,50 @@
-#include "core/VdSelectParser.h"
+#include "cli/Commands.h"
+#include "cli/Options.h"
 
+#include <exception>
 #include <iostream>
-#include <iterator>
+#include <string>
+#include <vector>
 
-int main(int, char**)
+namespace {
+
+int Run(const vdsql::TOptions& options)
 {
-    std::string text((std::istreambuf_iterator<char>(std::cin)), std::istreambuf_iterator<char>());
-    vd::TVdSelectParser parser;
-    try {
-        parser.SetExpression(text);
-    } catch (const std::exception& e) {
-        std::cerr << e.what() << "\n";
-        return 1;
+    using vdsql::TVerb;
+    if (options.Help) {
+        std::cout << vdsql::UsageText(options.Verb);
+        return vdsql::exOk;
     }
-    std::cout << parser.GetExpression();
-    return 0;
+    switch (options.Verb) {
+    case TVerb::Format:
+        return options.JsonLines ? vdsql::RunFormatJsonLines(options) : vdsql::RunFormat(options);
+    case TVerb::Tokens:
+        return vdsql::RunTokens(options);
+    case TVerb::Bench:
+        return vdsql::RunBench(options);
+    case TVerb::None:
+        break;
+    }
+    std::cerr << vdsql::UsageText(TVerb::None);
+    return vdsql::exUsage;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    std::ios::sync_with_stdio(false);
+    try {
+        const std::vector<std::string> args(argv + 1, argv + argc);
+        return Run(vdsql::ParseCommandLine(args));
+    } catch (const vdsql::ECliError& e) {
+        std::cerr << e.what() << '\n';
+        return e.ExitCode;
+    } catch (const std::exception& e) {
+        std::cerr << "vdsql: " << e.what() << '\n';
+        return vdsql::exRejected;
+    } catch (...) {
+        std::cerr << "vdsql: unexpected failure\n";
+        return vdsql::exRejected;
+    }
 }
