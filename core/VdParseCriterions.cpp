@@ -92,6 +92,10 @@ TVdCriteriaReader::TStep TVdCriteriaReader::OpenParenthesis()
         P.Fail();
         return stStop;
     }
+    if (int(Parentheses.size()) >= TVdSelectParser::MaxNesting) {
+        P.Fail();
+        return stStop;
+    }
     TVdCriterion* criterion = Current ? Current->SubItems().Add() : List.Add();
     SetCurrent(criterion);
     Parentheses.push_back(false);
@@ -244,6 +248,10 @@ TVdCriteriaReader::TStep TVdCriteriaReader::Connector()
         P.Next();
         // NOT (...) is how a cfNone or cfNotAll list prints: that parenthesis is the NOT's own.
         if (P.IsDelimToken('(')) {
+            if (int(Parentheses.size()) >= TVdSelectParser::MaxNesting) {
+                P.Fail();
+                return stStop;
+            }
             Parentheses.push_back(true);
             P.Next();
         }

@@ -85,7 +85,16 @@ bool TVdExpressionReader::ReadCall(TVdFunctionDef& node, TVdTableDef*& table)
 {
     const std::string name = S.Token();
     Consume();
+    if (P.FNesting >= TVdSelectParser::MaxNesting) {
+        P.Fail();
+        return true;
+    }
     Consume(); // "("
+    ++P.FNesting;
+    struct TLeave {
+        int& Depth;
+        ~TLeave() { --Depth; }
+    } leave{P.FNesting};
     TVdTableDef* argTable = nullptr;
     bool mixed = false;
     if (!P.IsDelimToken(')')) {

@@ -224,6 +224,7 @@ void TVdSelectParser::DoParse()
     std::string text = Scanner().Expression();
     Clear();
     FState = ssBegin;
+    FNesting = 0;
     try {
         Scanner().SetExpression(std::move(text));
         while (FState != ssError && FState != ssEnd) {

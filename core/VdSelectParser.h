@@ -127,6 +127,10 @@ public:
 
     TVdParserErrorEvent OnError;
 
+    // How deep function calls and parenthesised groups may nest in one statement; deeper text is
+    // refused at the "(" that goes too deep, so that no tree is too deep to print, copy or free.
+    static constexpr int MaxNesting = 256;
+
     // A bit set of token kinds for DoParseExpression.
     static constexpr std::uint32_t KindBit(TTokenKind kind) { return 1u << kind; }
 
@@ -174,6 +178,7 @@ private:
     mutable std::unique_ptr<TVdOperators> FOperators;
     bool FDistinct = false;
     TVdScriptFormat FScriptFormat;
+    int FNesting = 0;
 };
 
 } // namespace vd

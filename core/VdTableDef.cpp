@@ -91,7 +91,7 @@ void TVdTableDef::SetAlias(const std::string& alias)
         return;
     if (TVdTableDefs* tables = Tables()) {
         tables->UpdateTableAlias(FAlias, alias);
-        tables->InvalidateLookup();
+        tables->TableKeyChanged(*this, true, FAlias, alias);
     }
     FAlias = alias;
 }
@@ -102,9 +102,9 @@ void TVdTableDef::SetName(const std::string& name)
         return;
     if (FAlias == FName)
         SetAlias(name);
-    FName = name;
     if (TVdTableDefs* tables = Tables())
-        tables->InvalidateLookup();
+        tables->TableKeyChanged(*this, false, FName, name);
+    FName = name;
 }
 
 std::string TVdTableDef::ProcessAlias(const std::string& alias) const
@@ -153,14 +153,14 @@ std::string TVdTableDef::GetScript() const
 void TVdTableDef::Added()
 {
     if (TVdTableDefs* tables = Tables())
-        tables->InvalidateLookup();
+        tables->TableAdded(*this);
 }
 
 void TVdTableDef::Removing()
 {
     if (TVdTableDefs* tables = Tables()) {
         tables->FieldsRemoved(*this);
-        tables->InvalidateLookup();
+        tables->TableRemoving(*this);
     }
 }
 
@@ -176,6 +176,31 @@ TVdTableDefs::~TVdTableDefs()
     Clear();
 }
 
+void TVdTableDefs::LookupInsert(TLookup& lookup, const std::string& key, TVdTableDef* table)
+{
+    std::vector<TVdTableDef*>& list = lookup[key];
+    auto at = std::lower_bound(list.begin(), list.end(), table->Index(),
+                               [](const TVdTableDef* t, int index) { return t->Index() < index; });
+    list.insert(at, table);
+}
+
+void TVdTableDefs::LookupErase(TLookup& lookup, const std::string& key, TVdTableDef* table)
+{
+    auto it = lookup.find(key);
+    if (it == lookup.end())
+        return;
+    std::vector<TVdTableDef*>& list = it->second;
+    list.erase(std::remove(list.begin(), list.end(), table), list.end());
+    if (list.empty())
+        lookup.erase(it);
+}
+
+TVdTableDef* TVdTableDefs::LookupFind(const TLookup& lookup, const std::string& key)
+{
+    auto it = lookup.find(key);
+    return it == lookup.end() ? nullptr : it->second.front();
+}
+
 void TVdTableDefs::EnsureLookup() const
 {
     if (FLookupValid)
@@ -184,24 +209,48 @@ void TVdTableDefs::EnsureLookup() const
     FByName.clear();
     for (int i = 0; i < Count(); ++i) {
         TVdTableDef* table = Items(i);
-        FByAlias.emplace(table->Alias(), table);
-        FByName.emplace(table->Name(), table);
+        FByAlias[table->Alias()].push_back(table);
+        FByName[table->Name()].push_back(table);
     }
     FLookupValid = true;
+}
+
+void TVdTableDefs::TableAdded(TVdTableDef& table)
+{
+    if (!FLookupValid)
+        return;
+    LookupInsert(FByAlias, table.Alias(), &table);
+    LookupInsert(FByName, table.Name(), &table);
+}
+
+void TVdTableDefs::TableRemoving(TVdTableDef& table)
+{
+    if (!FLookupValid)
+        return;
+    LookupErase(FByAlias, table.Alias(), &table);
+    LookupErase(FByName, table.Name(), &table);
+}
+
+void TVdTableDefs::TableKeyChanged(TVdTableDef& table, bool alias, const std::string& oldKey,
+                                   const std::string& newKey)
+{
+    if (!FLookupValid)
+        return;
+    TLookup& lookup = alias ? FByAlias : FByName;
+    LookupErase(lookup, oldKey, &table);
+    LookupInsert(lookup, newKey, &table);
 }
 
 TVdTableDef* TVdTableDefs::FindByName(const std::string& name) const
 {
     EnsureLookup();
-    auto it = FByName.find(name);
-    return it == FByName.end() ? nullptr : it->second;
+    return LookupFind(FByName, name);
 }
 
 TVdTableDef* TVdTableDefs::FindByAlias(const std::string& alias) const
 {
     EnsureLookup();
-    auto it = FByAlias.find(alias);
-    return it == FByAlias.end() ? nullptr : it->second;
+    return LookupFind(FByAlias, alias);
 }
 
 TVdTableDef* TVdTableDefs::FindByAliasOrName(const std::string& text) const
@@ -421,7 +470,9 @@ void TVdTableDefs::Clearing()
     FFieldCount = 0;
     FAliasCount.clear();
     FCounterHint.clear();
-    FLookupValid = false;
+    FByAlias.clear();
+    FByName.clear();
+    FLookupValid = true;
 }
 
 void TVdTableDefs::UpdateJoins()

@@ -98,7 +98,10 @@ public:
     void FieldRemoved(TVdFieldDef& field);
     void FieldsRemoved(TVdTableDef& table);
     void AliasChanged(const std::string& oldAlias, const std::string& newAlias);
-    void InvalidateLookup() { FLookupValid = false; }
+    void TableAdded(TVdTableDef& table);
+    void TableRemoving(TVdTableDef& table);
+    void TableKeyChanged(TVdTableDef& table, bool alias, const std::string& oldKey,
+                         const std::string& newKey);
 
     // All fields ordered by their field index (first found wins; gaps stay null).
     std::vector<TVdFieldDef*> FieldsInOrder() const;
@@ -114,8 +117,14 @@ private:
     void AppendJoins(const TVdTableDef& table, std::string& out) const;
     void EnsureLookup() const;
 
-    mutable std::unordered_map<std::string, TVdTableDef*> FByAlias;
-    mutable std::unordered_map<std::string, TVdTableDef*> FByName;
+    // Tables by alias and by name, each list in collection order, so the first match of a
+    // scan is the front of its list; kept up to date as tables come, go and are renamed.
+    using TLookup = std::unordered_map<std::string, std::vector<TVdTableDef*>>;
+    static void LookupInsert(TLookup& lookup, const std::string& key, TVdTableDef* table);
+    static void LookupErase(TLookup& lookup, const std::string& key, TVdTableDef* table);
+    static TVdTableDef* LookupFind(const TLookup& lookup, const std::string& key);
+    mutable TLookup FByAlias;
+    mutable TLookup FByName;
     mutable bool FLookupValid = false;
 
     int FFieldCount = 0;
