@@ -42,6 +42,8 @@ public:
     // The argument list, made on first use through CreateArguments.
     TVdFunctionDefs& Arguments();
     int ArgumentCount() const;
+    // The argument list if it has been made, else null.
+    const TVdFunctionDefs* ArgumentList() const { return FArguments.get(); }
     const TVdFunctionDef* Argument(int index) const;
 
     // The table whose field this node is part of, reached through nested argument lists.

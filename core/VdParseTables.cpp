@@ -111,7 +111,9 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
                 table = byName;
         }
         if (!table)
-            table = tables.Add();
+            table = UnnamedTable();
+        if (!table)
+            table = AddTable();
         table->SetAlias(*alias);
         if (table->Name().empty())
             table->SetName(name);
@@ -121,8 +123,24 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
     if (!table)
         table = tables.FindByAlias(std::string());
     if (!table)
-        table = tables.Add();
+        table = AddTable();
     table->SetName(name);
+    return table;
+}
+
+// The table the unqualified columns of the select list went to before FROM named any.
+TVdTableDef* TVdSelectParser::UnnamedTable() const
+{
+    TVdTableDef* table = TableDefs().FindByAlias(std::string());
+    return table && table->Name().empty() ? table : nullptr;
+}
+
+// A table FROM adds: the unqualified columns of the select list belong to it too.
+TVdTableDef* TVdSelectParser::AddTable()
+{
+    TVdTableDef* table = TableDefs().Add();
+    for (const TUnqualified& column : FUnqualified)
+        CopyField(*column.Field, column.HasAlias, column.Alias, *table);
     return table;
 }
 
@@ -289,9 +307,11 @@ bool TVdSelectParser::ReadJoinCondition(TVdTableDef*& owner, std::string& ownerF
         if (!IsNameKind() || sides == 2 || !PeekIs("."))
             return false;
         TVdTableDef* table = FindTableByToken();
+        if (!table)
+            return false;
         Next();
         Next();
-        if (!table || !IsNameKind())
+        if (!IsNameKind())
             return false;
         const std::string field = NameText();
         Next();

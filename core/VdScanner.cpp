@@ -597,6 +597,12 @@ const std::string& TVdSQLScanner::GetNextToken()
         }
         if (kind == tkEnd && FInString)
             RaiseUnterminated();
+        // A string that runs to the end of the text fails here, with the same token and place
+        // the next call would report, so that the parser never reads its content as a token.
+        if (quoted && FPosition > FLength && kind != tkEnd) {
+            FToken.swap(result);
+            RaiseUnterminated();
+        }
         FTokenQuoted = quoted;
         FTokenQuote = quoted ? FQuoteChar : '\0';
         if (quoted) {

@@ -225,6 +225,7 @@ void TVdSelectParser::DoParse()
     Clear();
     FState = ssBegin;
     FNesting = 0;
+    FUnqualified.clear();
     try {
         Scanner().SetExpression(std::move(text));
         while (FState != ssError && FState != ssEnd) {
@@ -329,10 +330,21 @@ void TVdSelectParser::DoParseFieldDef()
         return;
     TVdTableDefs& tables = TableDefs();
     std::vector<TVdTableDef*> targets;
+    // Only a column (a name, or a call over names) is given to every table; a text that names
+    // no column, such as COUNT(*) or 1, would print the same once for each table and read back
+    // as that many columns.
+    const bool column = NamesColumn(field);
+    if (!table && column) {
+        auto copy = std::make_unique<TVdFieldDef>();
+        copy->Assign(field);
+        FUnqualified.push_back({std::move(copy), hasAlias, alias});
+    }
     if (!table)
         table = tables.FindByAlias(std::string());
     if (!table && tables.Count() == 0)
         table = tables.Add();
+    if (!table && !column)
+        table = tables.Items(0);
     if (table) {
         targets.push_back(table);
     } else {
@@ -340,15 +352,32 @@ void TVdSelectParser::DoParseFieldDef()
         for (int i = 0; i < tables.Count(); ++i)
             targets.push_back(tables.Items(i));
     }
-    for (TVdTableDef* target : targets) {
-        TVdFieldDef* copy = target->FieldDefs().Add();
-        copy->SetName(field.Name());
-        copy->SetKind(field.Kind());
-        if (field.ArgumentCount() > 0)
-            copy->Arguments().Assign(field.Arguments());
-        if (hasAlias)
-            copy->SetAlias(alias);
-    }
+    for (TVdTableDef* target : targets)
+        CopyField(field, hasAlias, alias, *target);
+}
+
+bool TVdSelectParser::NamesColumn(const TVdFunctionDef& node)
+{
+    if (node.Kind() == fkIdentifier)
+        return true;
+    for (int i = 0; i < node.ArgumentCount(); ++i)
+        if (NamesColumn(*node.Argument(i)))
+            return true;
+    return false;
+}
+
+// A column of the select list placed into a table: its alias is generated unique across the
+// statement (ID, ID1, FIELD_1, ...) unless the text gave one.
+void TVdSelectParser::CopyField(const TVdFieldDef& field, bool hasAlias, const std::string& alias,
+                                TVdTableDef& target)
+{
+    TVdFieldDef* copy = target.FieldDefs().Add();
+    copy->SetName(field.Name());
+    copy->SetKind(field.Kind());
+    if (field.ArgumentCount() > 0)
+        copy->Arguments().Assign(*field.ArgumentList());
+    if (hasAlias)
+        copy->SetAlias(alias);
 }
 
 void TVdSelectParser::DoParseFromClause()

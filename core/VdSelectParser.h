@@ -16,6 +16,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace vd {
 
@@ -162,6 +163,9 @@ private:
     TVdSQLScanner& MakeScanner() const;
     void CollectNames(bool ordered);
     TVdTableDef* ResolveTable(const std::string& name, const std::string* alias);
+    TVdTableDef* UnnamedTable() const;
+    static bool NamesColumn(const TVdFunctionDef& node);
+    TVdTableDef* AddTable();
     std::string PeekAliasAfterParams();
     bool ReadJoinCondition(TVdTableDef*& owner, std::string& ownerField, TVdTableDef* joined,
                            std::string& joinedField, std::string& operation);
@@ -179,6 +183,15 @@ private:
     bool FDistinct = false;
     TVdScriptFormat FScriptFormat;
     int FNesting = 0;
+    // The unqualified columns of the select list being parsed, with their explicit aliases:
+    // every table FROM adds later is given a copy of each.
+    struct TUnqualified {
+        std::unique_ptr<TVdFieldDef> Field;
+        bool HasAlias;
+        std::string Alias;
+    };
+    std::vector<TUnqualified> FUnqualified;
+    void CopyField(const TVdFieldDef& field, bool hasAlias, const std::string& alias, TVdTableDef& target);
 };
 
 } // namespace vd
