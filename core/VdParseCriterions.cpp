@@ -125,7 +125,7 @@ TVdCriteriaReader::TStep TVdCriteriaReader::Operand()
     if (!Current)
         SetCurrent(List.Add());
     TVdTableDef* unused = nullptr;
-    const std::uint32_t stops = TVdSelectParser::KindBit(tkKeyword) | TVdSelectParser::KindBit(tkComparison);
+    const TTokenKinds stops{tkKeyword, tkComparison};
     if (Pending.empty()) {
         if (LeftRead || Current->IsGroup()) {
             P.Fail();
@@ -171,7 +171,7 @@ bool TVdCriteriaReader::ReadEnclosedArgument(const TVdOperator& op)
     }
     P.Next();
     TVdTableDef* unused = nullptr;
-    P.DoParseExpression(*Current->RightSide().Add(), unused, 0, std::string(), TVdExprContext::Condition);
+    P.DoParseExpression(*Current->RightSide().Add(), unused, TTokenKinds(), std::string(), TVdExprContext::Condition);
     if (P.State() == ssError || !P.IsWord(op.Postfix.c_str()))
         return false;
     P.Next();
@@ -182,7 +182,7 @@ bool TVdCriteriaReader::ReadArguments(const TVdOperator& op)
 {
     P.Next();
     Current->RightSide().Clear();
-    const std::uint32_t stops = TVdSelectParser::KindBit(tkKeyword) | TVdSelectParser::KindBit(tkComparison);
+    const TTokenKinds stops{tkKeyword, tkComparison};
     for (int i = 0; i < op.Count; ++i) {
         if (i > 0 && !op.Relate.empty()) {
             if (!P.IsWord(op.Relate.c_str()))

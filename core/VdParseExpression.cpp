@@ -9,7 +9,7 @@ namespace vd {
 class TVdExpressionReader
 {
 public:
-    TVdExpressionReader(TVdSelectParser& parser, std::uint32_t stopKinds, const std::string& stopWord,
+    TVdExpressionReader(TVdSelectParser& parser, TTokenKinds stopKinds, const std::string& stopWord,
                         TVdExprContext context)
         : P(parser)
         , S(parser.Scanner())
@@ -36,7 +36,7 @@ private:
 
     TVdSelectParser& P;
     TVdSQLScanner& S;
-    std::uint32_t StopKinds;
+    TTokenKinds StopKinds;
     const std::string& StopWord;
     TVdExprContext Context;
     int LastEnd = 0;
@@ -51,7 +51,7 @@ bool TVdExpressionReader::AtStop(int depth) const
         return false;
     if (P.IsDelimToken(',') || P.IsDelimToken(')'))
         return true;
-    if (StopKinds & TVdSelectParser::KindBit(kind))
+    if (StopKinds.Contains(kind))
         return true;
     if (!StopWord.empty() && kind == tkKeyword && text::SameText(S.Token(), StopWord))
         return true;
@@ -101,7 +101,7 @@ bool TVdExpressionReader::ReadCall(TVdFunctionDef& node, TVdTableDef*& table)
         for (;;) {
             TVdFunctionDef* arg = node.Arguments().Add();
             TVdTableDef* t = nullptr;
-            P.DoParseExpression(*arg, t, 0, std::string(), Context);
+            P.DoParseExpression(*arg, t, TTokenKinds(), std::string(), Context);
             if (P.State() == ssError)
                 return true;
             if (t) {
@@ -224,7 +224,7 @@ void TVdExpressionReader::Read(TVdFunctionDef& node, TVdTableDef*& table)
 }
 
 void TVdSelectParser::DoParseExpression(TVdFunctionDef& node, TVdTableDef*& table,
-                                        std::uint32_t stopKinds, const std::string& stopWord,
+                                        TTokenKinds stopKinds, const std::string& stopWord,
                                         TVdExprContext context)
 {
     TVdExpressionReader reader(*this, stopKinds, stopWord, context);

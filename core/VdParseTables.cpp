@@ -224,7 +224,7 @@ void TVdSelectParser::DoParseProcParams()
         if (IsDelimToken(':'))
             Next();
         TVdTableDef* unused = nullptr;
-        DoParseExpression(*param, unused, 0, std::string(), TVdExprContext::Parameter);
+        DoParseExpression(*param, unused, TTokenKinds(), std::string(), TVdExprContext::Parameter);
         if (FState == ssError)
             return;
         param->SetParamType(ptInput);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/VdSet.h"
 #include "core/VdWordList.h"
 
 #include <cstdint>
@@ -24,6 +25,8 @@ enum TTokenKind : std::uint8_t {
     tkOperation,
     tkComparison
 };
+
+using TTokenKinds = TVdSet<TTokenKind>;
 
 // The name of a token kind as written in code ("tkIdent", ...).
 const char* TokenKindName(TTokenKind kind);

@@ -312,7 +312,7 @@ void TVdSelectParser::DoParseFieldDef()
 {
     TVdFieldDef field;
     TVdTableDef* table = nullptr;
-    DoParseExpression(field, table, KindBit(tkKeyword), "AS", TVdExprContext::SelectList);
+    DoParseExpression(field, table, TTokenKinds{tkKeyword}, "AS", TVdExprContext::SelectList);
     if (FState == ssError)
         return;
     const bool starOnly = field.Kind() == fkUnknown && field.Name() == "*";

@@ -88,7 +88,7 @@ public:
     // the stop word, a "," or ")" outside the expression's own parentheses, or the end.
     // table receives the table a qualifier names (select list only).
     virtual void DoParseExpression(TVdFunctionDef& node, TVdTableDef*& table,
-                                   std::uint32_t stopKinds, const std::string& stopWord,
+                                   TTokenKinds stopKinds, const std::string& stopWord,
                                    TVdExprContext context);
     virtual void ProcessError(const std::string& token, int lineNo, int linePos);
     virtual bool GetDistinct() const;
@@ -132,8 +132,6 @@ public:
     // refused at the "(" that goes too deep, so that no tree is too deep to print, copy or free.
     static constexpr int MaxNesting = 256;
 
-    // A bit set of token kinds for DoParseExpression.
-    static constexpr std::uint32_t KindBit(TTokenKind kind) { return 1u << kind; }
 
 protected:
     // Token helpers over the scanner.
