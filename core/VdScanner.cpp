@@ -525,7 +525,10 @@ TTokenKind TVdSQLScanner::ScanOne(std::string& result)
                     return tkFloat;
                 }
             }
-            if (ScanDelimOrSpace(c, result, kind))
+            // MY-COL is one identifier: a delimiter that is also a legal identifier character
+            // continues a word that began with a letter.
+            const bool inWord = !result.empty() && Has(c, ccLegal) && Has(result[0], ccAlpha);
+            if (!inWord && ScanDelimOrSpace(c, result, kind))
                 return kind;
         }
         if (result.empty())
@@ -597,12 +600,7 @@ const std::string& TVdSQLScanner::GetNextToken()
         }
         if (kind == tkEnd && FInString)
             RaiseUnterminated();
-        // A string that runs to the end of the text fails here, with the same token and place
-        // the next call would report, so that the parser never reads its content as a token.
-        if (quoted && FPosition > FLength && kind != tkEnd) {
-            FToken.swap(result);
-            RaiseUnterminated();
-        }
+
         FTokenQuoted = quoted;
         FTokenQuote = quoted ? FQuoteChar : '\0';
         if (quoted) {

@@ -228,6 +228,7 @@ void TVdSelectParser::DoParse()
     FUnqualified.clear();
     try {
         Scanner().SetExpression(std::move(text));
+        RaiseIfUnterminated();
         while (FState != ssError && FState != ssEnd) {
             switch (FState) {
             case ssBegin: DoParseBegin(); break;
@@ -504,6 +505,19 @@ void TVdSelectParser::CollectNames(bool ordered)
 }
 
 // ---- token helpers ----
+
+void TVdSelectParser::Next()
+{
+    Scanner().GetNextToken();
+    RaiseIfUnterminated();
+}
+
+void TVdSelectParser::RaiseIfUnterminated()
+{
+    TVdSQLScanner& scanner = Scanner();
+    if (scanner.InString() && scanner.Position() > scanner.Length())
+        scanner.GetNextToken(); // raises "Unterminated string." for the same token and place
+}
 
 bool TVdSelectParser::IsWord(const char* word) const
 {

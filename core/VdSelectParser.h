@@ -140,7 +140,10 @@ protected:
     bool IsWord(const char* word) const;
     bool IsKeywordToken(const char* word) const;
     bool IsDelimToken(char c) const;
-    void Next() { Scanner().GetNextToken(); }
+    // Reads the next token. A string that runs to the end of the text is reported as
+    // unterminated before its content is looked at.
+    void Next();
+    void RaiseIfUnterminated();
     bool PeekIs(const char* word);
     bool IsNameKind() const;
     bool IsOperandKind() const;
