@@ -32,6 +32,7 @@ private:
     void SetCurrent(TVdCriterion* criterion);
     bool InOperatorPosition() const;
     bool IsConnector() const;
+    bool ExtendsOperator() const;
     TVdCriterions& Target() const { return Current ? Current->SubItems() : List; }
     void Regroup(TVdCriterion& criterion);
 
@@ -59,6 +60,21 @@ void TVdCriteriaReader::SetCurrent(TVdCriterion* criterion)
 bool TVdCriteriaReader::InOperatorPosition() const
 {
     return Current && !Current->IsGroup() && LeftRead && !OperatorRead;
+}
+
+// Whether the current word goes on with the operator text: "IS" then "NOT", "NOT" then "LIKE".
+// After a pending "<=" a word is its operand.
+bool TVdCriteriaReader::ExtendsOperator() const
+{
+    if (!InOperatorPosition() && Pending.empty())
+        return false;
+    std::string text = Pending;
+    if (!text.empty())
+        text += ' ';
+    text += S.Token();
+    bool partial = false;
+    const TVdOperator* op = P.Operators().FindNearest(text, partial);
+    return (op && !partial) || P.Operators().IsCaptionStart(text);
 }
 
 bool TVdCriteriaReader::IsConnector() const
@@ -319,7 +335,7 @@ void TVdCriteriaReader::Read()
         else if (!quoted && P.IsDelimToken(')'))
             step = CloseParenthesis();
         else if (!quoted && (kind == tkKeyword || kind == tkComparison
-                             || (kind == tkIdent && (InOperatorPosition() || !Pending.empty()))))
+                             || (kind == tkIdent && ExtendsOperator())))
             step = (InOperatorPosition() || !Pending.empty()) ? OperatorWord() : stStop;
         else if (P.IsOperandKind() || (!Pending.empty() && P.IsDelimToken('(')))
             step = Operand();
