@@ -40,7 +40,4 @@ struct TOptions {
 // Reads the arguments after the program name; throws ECliError (exUsage) on a bad command line.
 TOptions ParseCommandLine(const std::vector<std::string>& args);
 
-// The help text of a verb; TVerb::None gives the overview.
-const char* UsageText(TVerb verb);
-
 } // namespace vdsql

@@ -1,4 +1,4 @@
-#include "cli/Options.h"
+#include "cli/Usage.h"
 
 namespace vdsql {
 

@@ -1,5 +1,6 @@
 #include "cli/Commands.h"
 #include "cli/Options.h"
+#include "cli/Usage.h"
 
 #include <exception>
 #include <iostream>

@@ -1,0 +1,11 @@
+SELECT 
+  "C"."ID",
+  "C"."NAME",
+  "O"."TOTAL" AS AMOUNT
+FROM
+  "CUSTOMERS" C 
+  INNER JOIN "ORDERS" O ON ("C"."ID" = "O"."CUSTOMER_ID")
+WHERE
+  ("O"."TOTAL" > 100)
+ORDER BY
+  "C"."NAME"
