@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <exception>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -40,20 +42,20 @@ inline AssertionResult CheckFieldOrder(const vd::TVdTableDefs& tables)
                        << "field '" << field->Name() << "' of table '" << table->Name()
                        << "' has index " << index << ", outside 0.." << total - 1;
             if (byIndex[size_t(index)])
-                return AssertionFailure() << "index " << index << " is held by both '"
-                                          << byIndex[size_t(index)]->Name() << "' and '"
-                                          << field->Name() << "'";
+                return AssertionFailure()
+                       << "index " << index << " is held by both '"
+                       << byIndex[size_t(index)]->Name() << "' and '" << field->Name() << "'";
             byIndex[size_t(index)] = field;
             if (field->Table() != table)
-                return AssertionFailure() << "field '" << field->Name()
-                                          << "' does not name its table '" << table->Name()
-                                          << "' as owner";
+                return AssertionFailure()
+                       << "field '" << field->Name() << "' does not name its table '"
+                       << table->Name() << "' as owner";
         }
     }
     for (int i = 0; i < total; ++i)
         if (tables.GetFieldDefs(i) != byIndex[size_t(i)])
-            return AssertionFailure() << "GetFieldDefs(" << i << ") is not the field with index "
-                                      << i;
+            return AssertionFailure()
+                   << "GetFieldDefs(" << i << ") is not the field with index " << i;
     if (tables.GetFieldDefs(total) != nullptr)
         return AssertionFailure() << "GetFieldDefs(" << total << ") found a field past the end";
     return AssertionSuccess();
@@ -94,13 +96,13 @@ inline AssertionResult CheckJoins(const vd::TVdTableDefs& tables)
         const vd::TVdTableDef* table = tables.Items(t);
         const vd::TVdJoinDefs& joins = table->JoinDefs();
         if (joins.Owner() != table)
-            return AssertionFailure() << "the join list of '" << table->Name()
-                                      << "' has another owner";
+            return AssertionFailure()
+                   << "the join list of '" << table->Name() << "' has another owner";
         for (int j = 0; j < joins.Count(); ++j) {
             const vd::TVdJoinDef* join = joins.Items(j);
             if (join->GetTableDef() != table)
-                return AssertionFailure() << "join " << j << " of '" << table->Name()
-                                          << "' names another owner table";
+                return AssertionFailure()
+                       << "join " << j << " of '" << table->Name() << "' names another owner table";
             if (join->Collection() != &joins || join->Index() != j)
                 return AssertionFailure() << "join " << j << " of '" << table->Name()
                                           << "' does not know its place in its list";
@@ -119,17 +121,17 @@ inline AssertionResult CheckTables(const vd::TVdTableDefs& tables)
         if (table->Collection() != &tables || table->Index() != t)
             return AssertionFailure() << "table " << t << " does not know its place";
         if (table->Parser() != tables.Parser())
-            return AssertionFailure() << "table '" << table->Name()
-                                      << "' has another parser than its collection";
+            return AssertionFailure()
+                   << "table '" << table->Name() << "' has another parser than its collection";
         const vd::TVdFieldDefs& fields = table->FieldDefs();
         if (fields.Owner() != table)
-            return AssertionFailure() << "the field list of '" << table->Name()
-                                      << "' has another owner";
+            return AssertionFailure()
+                   << "the field list of '" << table->Name() << "' has another owner";
         for (int f = 0; f < fields.Count(); ++f) {
             const vd::TVdFieldDef* field = fields.Items(f);
             if (field->Parser() != tables.Parser())
-                return AssertionFailure() << "field '" << field->Name() << "' of '"
-                                          << table->Name() << "' has another parser";
+                return AssertionFailure() << "field '" << field->Name() << "' of '" << table->Name()
+                                          << "' has another parser";
             AssertionResult tree = CheckFunctionTree(*field);
             if (!tree)
                 return tree;
@@ -158,22 +160,21 @@ inline AssertionResult CheckCriteriaTree(const vd::TVdCriterions& list,
         if (whereList && !dynamic_cast<const vd::TVdWhereItem*>(item))
             return AssertionFailure() << "criterion " << i << " of a WHERE list is no WHERE item";
         if (havingList && !dynamic_cast<const vd::TVdHavingItem*>(item))
-            return AssertionFailure() << "criterion " << i
-                                      << " of a HAVING list is no HAVING item";
+            return AssertionFailure() << "criterion " << i << " of a HAVING list is no HAVING item";
         if (item->RightSide().Owner() != item)
-            return AssertionFailure() << "the right side of criterion " << i
-                                      << " has another owner";
+            return AssertionFailure()
+                   << "the right side of criterion " << i << " has another owner";
         if (item->LeftSide().Parser() != item->Parser())
-            return AssertionFailure() << "the left side of criterion " << i
-                                      << " has another parser";
+            return AssertionFailure()
+                   << "the left side of criterion " << i << " has another parser";
         AssertionResult left = CheckFunctionTree(item->LeftSide());
         if (!left)
             return left;
         for (int a = 0; a < item->RightSide().Count(); ++a) {
             const vd::TVdFunctionDef* arg = item->RightSide().Items(a);
             if (arg->Parser() != item->Parser())
-                return AssertionFailure() << "argument " << a << " of criterion " << i
-                                          << " has another parser";
+                return AssertionFailure()
+                       << "argument " << a << " of criterion " << i << " has another parser";
             AssertionResult right = CheckFunctionTree(*arg);
             if (!right)
                 return right;
@@ -181,14 +182,14 @@ inline AssertionResult CheckCriteriaTree(const vd::TVdCriterions& list,
         if (item->IsGroup()) {
             const vd::TVdCriterions& sub = item->SubItems();
             if (whereList && !dynamic_cast<const vd::TVdWhereItems*>(&sub))
-                return AssertionFailure() << "the sub-items of WHERE criterion " << i
-                                          << " are no WHERE list";
+                return AssertionFailure()
+                       << "the sub-items of WHERE criterion " << i << " are no WHERE list";
             if (havingList && !dynamic_cast<const vd::TVdHavingItems*>(&sub))
-                return AssertionFailure() << "the sub-items of HAVING criterion " << i
-                                          << " are no HAVING list";
+                return AssertionFailure()
+                       << "the sub-items of HAVING criterion " << i << " are no HAVING list";
             if (sub.Parser() != item->Parser())
-                return AssertionFailure() << "the sub-items of criterion " << i
-                                          << " have another parser";
+                return AssertionFailure()
+                       << "the sub-items of criterion " << i << " have another parser";
             AssertionResult nested = CheckCriteriaTree(sub, item);
             if (!nested)
                 return nested;
@@ -203,8 +204,8 @@ inline AssertionResult CheckModel(const vd::TVdSelectParser& parser)
     const vd::TVdTableDefs& tables = parser.TableDefs();
     if (tables.Parser() != &parser)
         return AssertionFailure() << "the table collection does not know its parser";
-    for (const AssertionResult& r : {CheckTables(tables), CheckFieldOrder(tables),
-                                     CheckJoins(tables)})
+    for (const AssertionResult& r :
+         {CheckTables(tables), CheckFieldOrder(tables), CheckJoins(tables)})
         if (!r)
             return r;
     if (parser.WhereItems().Parser() != &parser || parser.HavingItems().Parser() != &parser)
@@ -221,12 +222,93 @@ inline AssertionResult CheckModel(const vd::TVdSelectParser& parser)
     if (parser.GroupByItems().Parser() != &parser || parser.OrderByItems().Parser() != &parser)
         return AssertionFailure() << "a GROUP BY or ORDER BY list does not know its parser";
     const vd::TVdOrderByItems& order = parser.OrderByItems();
-    for (int i = 0; i < order.Count(); ++i) {
-        const vd::TVdOrderKind kind = order.Orders(i);
-        if (kind != vd::okAsc && kind != vd::okDesc)
-            return AssertionFailure() << "ORDER BY line " << i << " has no valid direction";
+    try {
+        for (int i = 0; i < order.Count(); ++i) {
+            const vd::TVdOrderKind kind = order.Orders(i);
+            if (kind != vd::okAsc && kind != vd::okDesc)
+                return AssertionFailure() << "ORDER BY line " << i << " has no valid direction";
+        }
+    } catch (const std::exception& e) {
+        return AssertionFailure() << "ORDER BY lines and directions out of step: " << e.what();
     }
     return AssertionSuccess();
+}
+
+// ---- small builders, used the way the views build statements ----
+
+inline vd::TVdTableDef* AddTable(vd::TVdSelectParser& parser, const std::string& name,
+                                 const std::string& alias = std::string())
+{
+    vd::TVdTableDef* table = parser.TableDefs().Add();
+    table->SetName(name);
+    if (!alias.empty())
+        table->SetAlias(alias);
+    return table;
+}
+
+inline vd::TVdFieldDef* AddField(vd::TVdTableDef& table, const std::string& name,
+                                 vd::TVdFunctionKind kind = vd::fkIdentifier)
+{
+    vd::TVdFieldDef* field = table.FieldDefs().Add();
+    field->SetName(name);
+    field->SetKind(kind);
+    return field;
+}
+
+inline vd::TVdFunctionDef* AddArg(vd::TVdFunctionDefs& list, const std::string& name,
+                                  vd::TVdFunctionKind kind)
+{
+    vd::TVdFunctionDef* node = list.Add();
+    node->SetName(name);
+    node->SetKind(kind);
+    return node;
+}
+
+inline vd::TVdJoinDef* AddJoin(vd::TVdTableDef& owner, const std::string& fieldName,
+                               const std::string& joinTable, const std::string& joinField,
+                               vd::TVdJoinKind kind = vd::vdjInnerJoin,
+                               const std::string& operation = "=")
+{
+    vd::TVdJoinDef* join = owner.JoinDefs().Add();
+    join->FieldName = fieldName;
+    join->JoinTable = joinTable;
+    join->JoinField = joinField;
+    join->JoinKind = kind;
+    join->Operation = operation;
+    return join;
+}
+
+struct TArg {
+    std::string Name;
+    vd::TVdFunctionKind Kind;
+};
+
+// A comparison criterion: left side, operator caption, right-side arguments.
+inline vd::TVdCriterion* AddComparison(vd::TVdCriterions& list, const std::string& left,
+                                       vd::TVdFunctionKind leftKind, const std::string& op,
+                                       const std::vector<TArg>& args = {})
+{
+    vd::TVdCriterion* criterion = list.Add();
+    criterion->LeftSide().SetName(left);
+    criterion->LeftSide().SetKind(leftKind);
+    criterion->SetOperator(op);
+    for (const TArg& arg : args)
+        AddArg(criterion->RightSide(), arg.Name, arg.Kind);
+    return criterion;
+}
+
+// Lines joined by CR LF; a last empty line gives the closing line break.
+inline std::string Crlf(std::initializer_list<const char*> lines)
+{
+    std::string result;
+    bool first = true;
+    for (const char* line : lines) {
+        if (!first)
+            result += "\r\n";
+        result += line;
+        first = false;
+    }
+    return result;
 }
 
 } // namespace vdcheck
