@@ -8,7 +8,9 @@
 namespace vd {
 
 class TVdCollection;
+class TVdFunctionDefs;
 class TVdSelectParser;
+class TVdTableDefs;
 
 // An item owned by a TVdCollection. It knows the parser that owns the whole model, through
 // which it finds the scanner (quoting) and the script format (letter case).
@@ -72,6 +74,10 @@ public:
 
     TVdSelectParser* Parser() const { return FParser; }
     virtual void SetParser(TVdSelectParser* parser);
+
+    // A checked downcast without RTTI cost on the printing and parsing paths.
+    virtual TVdFunctionDefs* AsFunctionDefs() { return nullptr; }
+    virtual TVdTableDefs* AsTableDefs() { return nullptr; }
 
 protected:
     const std::vector<std::unique_ptr<TVdCollectionItem>>& RawItems() const { return FItems; }

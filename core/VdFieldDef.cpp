@@ -12,14 +12,15 @@ TVdFieldDef::~TVdFieldDef() = default;
 
 TVdTableDef* TVdFieldDef::Table() const
 {
-    const auto* list = dynamic_cast<const TVdFieldDefs*>(Collection());
-    return list ? dynamic_cast<TVdTableDef*>(list->Owner()) : nullptr;
+    TVdCollection* collection = Collection();
+    const TVdFunctionDefs* list = collection ? collection->AsFunctionDefs() : nullptr;
+    return list ? list->OwnerTable() : nullptr;
 }
 
 TVdTableDefs* TVdFieldDef::TableDefs() const
 {
     const TVdTableDef* table = Table();
-    return table ? dynamic_cast<TVdTableDefs*>(table->Collection()) : nullptr;
+    return table && table->Collection() ? table->Collection()->AsTableDefs() : nullptr;
 }
 
 void TVdFieldDef::Added()

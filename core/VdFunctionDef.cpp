@@ -24,6 +24,7 @@ TVdFunctionDefs& TVdFunctionDef::Arguments()
 {
     if (!FArguments) {
         FArguments = CreateArguments();
+        FArguments->SetOwnerNode(this);
         FArguments->SetParser(Parser());
     }
     return *FArguments;
@@ -43,15 +44,15 @@ const TVdTableDef* TVdFunctionDef::OwnerTable() const
 {
     const TVdCollectionItem* item = this;
     for (;;) {
-        const auto* list = dynamic_cast<const TVdFunctionDefs*>(item->Collection());
+        TVdCollection* collection = item->Collection();
+        TVdFunctionDefs* list = collection ? collection->AsFunctionDefs() : nullptr;
         if (!list)
             return nullptr;
-        const TVdCollectionItem* owner = list->Owner();
-        if (const auto* table = dynamic_cast<const TVdTableDef*>(owner))
-            return table;
-        if (!dynamic_cast<const TVdFunctionDef*>(owner))
+        if (list->OwnerTable())
+            return list->OwnerTable();
+        if (!list->OwnerNode())
             return nullptr;
-        item = owner;
+        item = list->OwnerNode();
     }
 }
 

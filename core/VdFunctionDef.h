@@ -64,9 +64,19 @@ public:
     // The items' scripts joined by ", ".
     virtual std::string GetScript() const;
     TVdCollectionItem* Owner() const { return FOwner; }
+    TVdFunctionDefs* AsFunctionDefs() override { return this; }
+
+    // What the owner is, known when the list is made: the table of a field list, or the node
+    // of an argument list.
+    TVdTableDef* OwnerTable() const { return FOwnerTable; }
+    TVdFunctionDef* OwnerNode() const { return FOwnerNode; }
+    void SetOwnerTable(TVdTableDef* table) { FOwnerTable = table; }
+    void SetOwnerNode(TVdFunctionDef* node) { FOwnerNode = node; }
 
 private:
     TVdCollectionItem* FOwner;
+    TVdTableDef* FOwnerTable = nullptr;
+    TVdFunctionDef* FOwnerNode = nullptr;
 };
 
 } // namespace vd

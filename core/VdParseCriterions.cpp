@@ -45,6 +45,7 @@ private:
     std::string Pending;       // operator text read so far ("IS NOT" on the way to "IS NOT NULL")
     TVdSQLScanner::TState PendingStart{};
     bool AfterClose = false;     // the token before was ")"
+    bool AfterConnector = false; // a connector was read and nothing after it yet
     bool ForceConnector = false; // read the current word as a connector, not as an operator
     // For every open "(": true when it is the parenthesis of a NOT, false for a criterion's.
     std::vector<bool> Parentheses;
@@ -328,7 +329,8 @@ void TVdCriteriaReader::Read()
         const bool closing = !quoted && P.IsDelimToken(')');
         if (kind == tkEnd)
             break;
-        if (ForceConnector || (IsConnector() && Pending.empty() && !InOperatorPosition()))
+        const bool connector = ForceConnector || (IsConnector() && Pending.empty() && !InOperatorPosition());
+        if (connector)
             step = Connector();
         else if (!quoted && P.IsDelimToken('(') && Pending.empty())
             step = OpenParenthesis();
@@ -347,13 +349,15 @@ void TVdCriteriaReader::Read()
             break;
         if (!closing)
             AfterClose = false;
+        AfterConnector = step == stContinue && connector;
         if (P.State() == ssError)
             return;
     }
     if (P.State() == ssError)
         return;
-    // The condition ends at a clause keyword or the end: everything opened must be closed.
-    if (!Parentheses.empty() || !Pending.empty() || !CompletePending()) {
+    // The condition ends at a clause keyword or the end: everything opened must be closed, and
+    // a connector needs a condition after it.
+    if (AfterConnector || !Parentheses.empty() || !Pending.empty() || !CompletePending()) {
         P.Fail();
         return;
     }

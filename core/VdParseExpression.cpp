@@ -74,8 +74,11 @@ TVdTableDef* TVdExpressionReader::QualifierTable(const std::string& aliasText,
     if (!table)
         table = tables.FindByName(nameText);
     if (!table) {
-        // A qualified field read before FROM makes a table known only by its alias.
-        table = tables.Add();
+        // A qualified field read before FROM makes a table known only by its alias; the table
+        // the unqualified items before it went to is that table.
+        table = P.UnnamedTable();
+        if (!table)
+            table = tables.Add();
         table->SetAlias(nameText);
     }
     return table;

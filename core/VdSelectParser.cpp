@@ -379,6 +379,22 @@ void TVdSelectParser::CopyField(const TVdFieldDef& field, bool hasAlias, const s
         copy->Arguments().Assign(*field.ArgumentList());
     if (hasAlias)
         copy->SetAlias(alias);
+    else if (field.Name() == "*")
+        copy->SetAlias(field.Name()); // T.* takes no alias
+    else if (copy->Alias() != copy->Name())
+        copy->SetAlias(PrintableAlias(copy->Alias()));
+}
+
+// A generated alias made from a name ("my col" -> "my col1") is kept in the quotes it needs to
+// read back, where aliases print as they are.
+std::string TVdSelectParser::PrintableAlias(const std::string& alias) const
+{
+    const TVdSQLScanner& scanner = Scanner();
+    if (scanner.GetProcessAliases() || !scanner.NeedQuotes(alias))
+        return alias;
+    if (scanner.IsIdentifier(alias) && !scanner.IsKeyword(alias) && !scanner.IsFunction(alias))
+        return alias;
+    return text::QuotedStr(alias, scanner.GetIdentQuote());
 }
 
 void TVdSelectParser::DoParseFromClause()

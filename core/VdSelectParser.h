@@ -166,6 +166,7 @@ private:
     TVdTableDef* ResolveTable(const std::string& name, const std::string* alias);
     TVdTableDef* UnnamedTable() const;
     static bool NamesColumn(const TVdFunctionDef& node);
+    std::string PrintableAlias(const std::string& alias) const;
     TVdTableDef* AddTable();
     std::string PeekAliasAfterParams();
     bool ReadJoinCondition(TVdTableDef*& owner, std::string& ownerField, TVdTableDef* joined,

@@ -23,7 +23,7 @@ TVdTableDef::~TVdTableDef()
 
 TVdTableDefs* TVdTableDef::Tables() const
 {
-    return dynamic_cast<TVdTableDefs*>(Collection());
+    return Collection() ? Collection()->AsTableDefs() : nullptr;
 }
 
 void TVdTableDef::SetParser(TVdSelectParser* parser)
@@ -61,6 +61,7 @@ TVdFieldDefs& TVdTableDef::FieldDefs()
 {
     if (!FFieldDefs) {
         FFieldDefs = CreateFieldDefs();
+        FFieldDefs->SetOwnerTable(this);
         FFieldDefs->SetParser(Parser());
     }
     return *FFieldDefs;

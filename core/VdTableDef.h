@@ -74,6 +74,7 @@ class TVdTableDefs : public TVdCollectionOf<TVdTableDef>
 public:
     TVdTableDefs();
     ~TVdTableDefs() override;
+    TVdTableDefs* AsTableDefs() override { return this; }
 
     TVdTableDef* FindByName(const std::string& name) const;
     TVdTableDef* FindByAlias(const std::string& alias) const;

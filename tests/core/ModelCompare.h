@@ -13,13 +13,20 @@ namespace vdtest {
 inline const char* FunctionKindName(vd::TVdFunctionKind kind)
 {
     switch (kind) {
-    case vd::fkUnknown: return "fkUnknown";
-    case vd::fkFunction: return "fkFunction";
-    case vd::fkIdentifier: return "fkIdentifier";
-    case vd::fkInteger: return "fkInteger";
-    case vd::fkFloat: return "fkFloat";
-    case vd::fkString: return "fkString";
-    case vd::fkExpression: return "fkExpression";
+    case vd::fkUnknown:
+        return "fkUnknown";
+    case vd::fkFunction:
+        return "fkFunction";
+    case vd::fkIdentifier:
+        return "fkIdentifier";
+    case vd::fkInteger:
+        return "fkInteger";
+    case vd::fkFloat:
+        return "fkFloat";
+    case vd::fkString:
+        return "fkString";
+    case vd::fkExpression:
+        return "fkExpression";
     }
     return "fk?";
 }
@@ -27,11 +34,16 @@ inline const char* FunctionKindName(vd::TVdFunctionKind kind)
 inline const char* ParamTypeName(vd::TParamType type)
 {
     switch (type) {
-    case vd::ptUnknown: return "ptUnknown";
-    case vd::ptInput: return "ptInput";
-    case vd::ptOutput: return "ptOutput";
-    case vd::ptInputOutput: return "ptInputOutput";
-    case vd::ptResult: return "ptResult";
+    case vd::ptUnknown:
+        return "ptUnknown";
+    case vd::ptInput:
+        return "ptInput";
+    case vd::ptOutput:
+        return "ptOutput";
+    case vd::ptInputOutput:
+        return "ptInputOutput";
+    case vd::ptResult:
+        return "ptResult";
     }
     return "pt?";
 }
@@ -44,10 +56,14 @@ inline const char* TableTypeName(vd::TVdTableDefType type)
 inline const char* JoinKindName(vd::TVdJoinKind kind)
 {
     switch (kind) {
-    case vd::vdjInnerJoin: return "vdjInnerJoin";
-    case vd::vdjLOuterJoin: return "vdjLOuterJoin";
-    case vd::vdjROuterJoin: return "vdjROuterJoin";
-    case vd::vdjFOuterJoin: return "vdjFOuterJoin";
+    case vd::vdjInnerJoin:
+        return "vdjInnerJoin";
+    case vd::vdjLOuterJoin:
+        return "vdjLOuterJoin";
+    case vd::vdjROuterJoin:
+        return "vdjROuterJoin";
+    case vd::vdjFOuterJoin:
+        return "vdjFOuterJoin";
     }
     return "vdj?";
 }
@@ -55,10 +71,14 @@ inline const char* JoinKindName(vd::TVdJoinKind kind)
 inline const char* FilterName(vd::TVdCriterionFilter filter)
 {
     switch (filter) {
-    case vd::cfAll: return "cfAll";
-    case vd::cfAny: return "cfAny";
-    case vd::cfNone: return "cfNone";
-    case vd::cfNotAll: return "cfNotAll";
+    case vd::cfAll:
+        return "cfAll";
+    case vd::cfAny:
+        return "cfAny";
+    case vd::cfNone:
+        return "cfNone";
+    case vd::cfNotAll:
+        return "cfNotAll";
     }
     return "cf?";
 }
@@ -69,10 +89,7 @@ inline const char* OrderKindName(vd::TVdOrderKind kind)
 }
 
 // Names are written between brackets so that blanks and quotes inside them stay visible.
-inline std::string Q(const std::string& s)
-{
-    return "[" + s + "]";
-}
+inline std::string Q(const std::string& s) { return "[" + s + "]"; }
 
 inline void DumpNode(const vd::TVdFunctionDef& node, const std::string& indent, std::string& out)
 {
@@ -84,8 +101,8 @@ inline void DumpNode(const vd::TVdFunctionDef& node, const std::string& indent, 
 inline void DumpCriterions(const vd::TVdCriterions& list, const std::string& indent,
                            std::string& out)
 {
-    out += indent + "filter " + FilterName(list.Filter) + " count " +
-           std::to_string(list.Count()) + "\n";
+    out += indent + "filter " + FilterName(list.Filter) + " count " + std::to_string(list.Count()) +
+           "\n";
     for (int i = 0; i < list.Count(); ++i) {
         const vd::TVdCriterion& item = *list.Items(i);
         const std::string inner = indent + "    ";
