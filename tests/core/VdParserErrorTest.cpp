@@ -1,6 +1,8 @@
 // Syntax errors of the SELECT parser: codes, message texts, tokens and positions.
 #include "core/VdSelectParser.h"
 
+#include "tests/core/ParseErrorReport.h"
+
 #include <gtest/gtest.h>
 
 #include <ostream>
@@ -10,36 +12,8 @@ using namespace vd;
 
 namespace {
 
-struct TErrorReport {
-    bool Raised = false;
-    int Code = 0;
-    std::string Token;
-    int LineNo = 0;
-    int LinePos = 0;
-    std::string Message;
-};
-
-TErrorReport ParseError(TVdSelectParser& parser, const std::string& text)
-{
-    TErrorReport report;
-    try {
-        parser.SetExpression(text);
-    } catch (const EVdParserError& e) {
-        report.Raised = true;
-        report.Code = e.Code;
-        report.Token = e.Token;
-        report.LineNo = e.LineNo;
-        report.LinePos = e.LinePos;
-        report.Message = e.what();
-    }
-    return report;
-}
-
-TErrorReport ParseError(const std::string& text)
-{
-    TVdSelectParser parser;
-    return ParseError(parser, text);
-}
+using vdtest::ParseError;
+using vdtest::TErrorReport;
 
 // One row: the text, and the error it must raise.
 struct TErrorRow {

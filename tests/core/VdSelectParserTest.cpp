@@ -3,6 +3,8 @@
 
 #include "core/VdSelectParser.h"
 
+#include "tests/core/ParseErrorReport.h"
+
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -30,36 +32,8 @@ std::string Print(const std::string& text, TVdFormatMode keywords = qfmAsIs,
     return parser.GetExpression();
 }
 
-struct TErrorReport {
-    bool Raised = false;
-    int Code = 0;
-    std::string Token;
-    int LineNo = 0;
-    int LinePos = 0;
-    std::string Message;
-};
-
-TErrorReport ParseError(TVdSelectParser& parser, const std::string& text)
-{
-    TErrorReport report;
-    try {
-        parser.SetExpression(text);
-    } catch (const EVdParserError& e) {
-        report.Raised = true;
-        report.Code = e.Code;
-        report.Token = e.Token;
-        report.LineNo = e.LineNo;
-        report.LinePos = e.LinePos;
-        report.Message = e.what();
-    }
-    return report;
-}
-
-TErrorReport ParseError(const std::string& text)
-{
-    TVdSelectParser parser;
-    return ParseError(parser, text);
-}
+using vdtest::ParseError;
+using vdtest::TErrorReport;
 
 std::string InvalidToken(const std::string& token, int position, int line = 1)
 {
