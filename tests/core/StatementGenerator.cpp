@@ -297,7 +297,7 @@ std::string TGenerator::SelectList()
             IdentifierFields.push_back(item);
         }
         if (i)
-            result += Chance(20) ? ",\r\n  " : ", ";
+            result += O.LineBreaks && Chance(20) ? ",\r\n  " : ", ";
         result += item;
     }
     return result;
@@ -317,7 +317,7 @@ std::string TGenerator::FromClause()
             source += " " + table.Alias;
         if (table.Owner < 0) {
             if (i)
-                result += Chance(30) ? ",\r\n  " : ", ";
+                result += O.LineBreaks && Chance(30) ? ",\r\n  " : ", ";
             result += source;
             continue;
         }
@@ -389,7 +389,7 @@ std::string TGenerator::ListText(int count, int depth, bool top, bool allowOr, b
     std::string result;
     for (size_t j = 0; j < sizes.size(); ++j) {
         if (j)
-            result += connector + (Chance(30) ? "\r\n  " : "");
+            result += connector + (O.LineBreaks && Chance(30) ? "\r\n  " : "");
         if (sizes[j] > 1 || (depth < O.MaxDepth && Chance(10))) {
             // A group: its own parentheses around its items.
             result += "(" + ListText(sizes[j], depth + 1, false, j < 2, having) + ")";
