@@ -1,6 +1,7 @@
 #include "core/VdCriteria.h"
 
 #include "core/VdOperators.h"
+#include "core/VdScriptText.h"
 #include "core/VdSelectParser.h"
 
 namespace vd {
@@ -108,19 +109,40 @@ TVdCriterion* TVdCriterion::ParentCriterion() const
     return list ? list->Owner() : nullptr;
 }
 
+namespace {
+
+// The right side of a comparison, appended to out: as many arguments as the operator takes,
+// joined by its relating word (BETWEEN 1 AND 2); every argument when the operator is unknown.
+void AppendRightSide(std::string& out, const TVdCriterion& criterion)
+{
+    const TVdCriterions* list = criterion.OwnerList();
+    const TVdOperator* op = list && list->Parser()
+                                ? list->Parser()->Operators().FindByCaption(criterion.Operator())
+                                : nullptr;
+    const TVdFunctionDefs& right = criterion.RightSide();
+    if (!op || op->Count < 1) {
+        script::AppendNodeList(out, right);
+        return;
+    }
+    for (int i = 0; i < op->Count; ++i) {
+        if (i < right.Count())
+            script::AppendNodeScript(out, *right.Items(i));
+        else
+            out += ' ';
+        if (i < op->Count - 1) {
+            out += ' ';
+            script::AppendKeyword(out, criterion.Parser(), op->Relate);
+            out += ' ';
+        }
+    }
+}
+
+} // namespace
+
 std::string TVdCriterion::RightSideScript() const
 {
-    const TVdCriterions* list = OwnerList();
-    const TVdOperator* op = list && list->Parser() ? list->Parser()->Operators().FindByCaption(FOperator)
-                                                   : nullptr;
-    if (!op || op->Count < 1)
-        return FRightSide->GetScript();
     std::string result;
-    for (int i = 0; i < op->Count; ++i) {
-        result += i < FRightSide->Count() ? FRightSide->Items(i)->GetScript() : std::string(" ");
-        if (i < op->Count - 1)
-            result += " " + ProcessKeyword(op->Relate) + " ";
-    }
+    AppendRightSide(result, *this);
     return result;
 }
 
@@ -128,11 +150,17 @@ std::string TVdCriterion::GetScript() const
 {
     if (IsGroup())
         return FSubItems->GetScript();
-    const std::string right = RightSideScript();
-    const std::string left = FLeftSide->GetScript();
-    if (right.empty())
-        return left + " " + ProcessKeyword(FOperator);
-    return left + " " + ProcessKeyword(FOperator) + " " + right;
+    std::string out;
+    script::AppendNodeScript(out, *FLeftSide);
+    out += ' ';
+    script::AppendKeyword(out, Parser(), FOperator);
+    // No blank after an operator without right side (IS NULL).
+    const size_t mark = out.size();
+    out += ' ';
+    AppendRightSide(out, *this);
+    if (out.size() == mark + 1)
+        out.resize(mark);
+    return out;
 }
 
 // ---- TVdCriterions ----
@@ -150,32 +178,57 @@ void TVdCriterions::Assign(const TVdCollection& source)
         Filter = src->Filter;
 }
 
-std::string TVdCriterions::GetScript() const
+namespace {
+
+// The text of a criteria list as TVdCriterions prints it, appended to out.
+void AppendCriteria(std::string& out, const TVdCriterions& list)
 {
-    if (Count() == 0)
-        return std::string();
-    const bool any = Filter == cfAny || Filter == cfNotAll;
-    const std::string word = any ? "OR" : "AND";
-    const std::string connector = " " + (Parser() ? Parser()->ProcessKeyword(word) : word) + " ";
-    std::string result;
-    for (int i = 0; i < Count(); ++i) {
-        if (i)
-            result += "\r\n  ";
-        result += '(';
-        result += Items(i)->GetScript();
-        result += ')';
-        if (i < Count() - 1)
-            result += connector;
-    }
+    if (list.Count() == 0)
+        return;
+    const TVdSelectParser* parser = list.Parser();
     // cfNone is NOT over an AND-chain, cfNotAll NOT over an OR-chain; the parser reads the
     // pairing back the same way.
-    if (Filter == cfNone || Filter == cfNotAll) {
-        const std::string notWord = Parser() ? Parser()->ProcessKeyword("NOT") : std::string("NOT");
-        result = notWord + " (" + result + ")";
+    const bool negated = list.Filter == cfNone || list.Filter == cfNotAll;
+    if (negated) {
+        script::AppendKeyword(out, parser, "NOT");
+        out += " (";
     }
-    if (!FOwner)
-        result += "\r\n";
-    return result;
+    const bool any = list.Filter == cfAny || list.Filter == cfNotAll;
+    for (int i = 0; i < list.Count(); ++i) {
+        if (i) {
+            out += ' ';
+            script::AppendKeyword(out, parser, any ? "OR" : "AND");
+            out += " \r\n  ";
+        }
+        out += '(';
+        out += list.Items(i)->GetScript();
+        out += ')';
+    }
+    if (negated)
+        out += ')';
+    if (!list.Owner())
+        out += "\r\n";
+}
+
+// A top-level WHERE or HAVING clause: the keyword, then the criteria; empty without any.
+std::string ClauseScript(const TVdCriterions& list, const char* keyword)
+{
+    std::string out;
+    if (list.Count() == 0)
+        return out;
+    script::AppendKeyword(out, list.Parser(), keyword);
+    out += "\r\n  ";
+    AppendCriteria(out, list);
+    return out;
+}
+
+} // namespace
+
+std::string TVdCriterions::GetScript() const
+{
+    std::string out;
+    AppendCriteria(out, *this);
+    return out;
 }
 
 TVdWhereItems::TVdWhereItems(TVdCriterion* owner)
@@ -185,11 +238,9 @@ TVdWhereItems::TVdWhereItems(TVdCriterion* owner)
 
 std::string TVdWhereItems::GetScript() const
 {
-    const std::string text = TVdCriterions::GetScript();
-    if (text.empty() || Owner())
-        return text;
-    const std::string where = Parser() ? Parser()->ProcessKeyword("WHERE") : std::string("WHERE");
-    return where + "\r\n  " + text;
+    if (Owner())
+        return TVdCriterions::GetScript();
+    return ClauseScript(*this, "WHERE");
 }
 
 TVdHavingItems::TVdHavingItems(TVdCriterion* owner)
@@ -203,10 +254,7 @@ std::string TVdHavingItems::GetScript() const
         return TVdCriterions::GetScript();
     if (Parser() && Parser()->GroupByItems().Count() == 0)
         return std::string();
-    const std::string text = TVdCriterions::GetScript();
-    if (text.empty())
-        return text;
-    return (Parser() ? Parser()->ProcessKeyword("HAVING") : std::string("HAVING")) + "\r\n  " + text;
+    return ClauseScript(*this, "HAVING");
 }
 
 std::unique_ptr<TVdCriterions> TVdWhereItem::CreateSubItems()

@@ -1,8 +1,11 @@
 #include "core/VdFieldDef.h"
 
 #include "core/VdScanner.h"
+#include "core/VdScriptText.h"
 #include "core/VdSelectParser.h"
 #include "core/VdTableDef.h"
+
+#include <typeinfo>
 
 namespace vd {
 
@@ -55,12 +58,36 @@ void TVdFieldDef::Assign(const TVdCollectionItem& source)
     }
 }
 
+namespace {
+
+// What TVdFieldDef::GetScript prints: the node, then " AS alias" unless the alias is the name.
+void AppendOwnScript(std::string& out, const TVdFieldDef& field)
+{
+    script::AppendFunctionScript(out, field);
+    const std::string& alias = field.Alias();
+    if (alias.empty() || alias == field.Name())
+        return;
+    out += ' ';
+    script::AppendKeyword(out, field.Parser(), "AS");
+    out += ' ';
+    out += field.ProcessAlias(alias);
+}
+
+} // namespace
+
+void script::AppendFieldScript(std::string& out, const TVdFieldDef& field)
+{
+    if (typeid(field) == typeid(TVdFieldDef))
+        AppendOwnScript(out, field);
+    else
+        out += field.GetScript();
+}
+
 std::string TVdFieldDef::GetScript() const
 {
-    std::string script = TVdFunctionDef::GetScript();
-    if (!FAlias.empty() && FAlias != FName)
-        script += " " + ProcessKeyword("AS") + " " + ProcessAlias(FAlias);
-    return script;
+    std::string out;
+    AppendOwnScript(out, *this);
+    return out;
 }
 
 void TVdFieldDef::SetName(const std::string& name)
@@ -133,7 +160,8 @@ std::string TVdFieldDefs::GetScript() const
         const TVdFieldDef* field = Items(i);
         if (field->IsInputParam())
             continue;
-        result += "  " + field->GetScript();
+        result += "  ";
+        script::AppendFieldScript(result, *field);
         if (i < Count() - 1)
             result += ",\r\n";
     }

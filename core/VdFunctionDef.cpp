@@ -1,7 +1,10 @@
 #include "core/VdFunctionDef.h"
 
+#include "core/VdScriptText.h"
 #include "core/VdTableDef.h"
 #include "core/VdText.h"
+
+#include <typeinfo>
 
 namespace vd {
 
@@ -56,34 +59,75 @@ const TVdTableDef* TVdFunctionDef::OwnerTable() const
     }
 }
 
-std::string TVdFunctionDef::GetScript() const
+void script::AppendFunctionScript(std::string& out, const TVdFunctionDef& node)
 {
-    if (ArgumentCount() > 0)
-        return ProcessFunction(FName) + "(" + FArguments->GetScript() + ")";
-    switch (FKind) {
-    case fkFunction:
-        return ProcessFunction(FName) + "()";
-    case fkIdentifier: {
-        // The wildcard of T.* is no name and is never quoted.
-        std::string name = FName == "*" ? FName : ProcessName(FName);
-        const TVdTableDef* table = OwnerTable();
-        if (!table)
-            return name;
-        const std::string& prefix = table->Alias().empty() ? table->Name() : table->Alias();
-        if (prefix.empty())
-            return name;
-        return ProcessName(prefix) + "." + name;
+    const TVdSelectParser* parser = node.Parser();
+    const std::string& name = node.Name();
+    if (node.ArgumentCount() > 0) {
+        AppendFunctionName(out, parser, name);
+        out += '(';
+        AppendNodeList(out, *node.ArgumentList());
+        out += ')';
+        return;
     }
+    switch (node.Kind()) {
+    case fkFunction:
+        AppendFunctionName(out, parser, name);
+        out += "()";
+        return;
+    case fkIdentifier:
+        if (const TVdTableDef* table = node.OwnerTable()) {
+            const std::string& prefix = table->Alias().empty() ? table->Name() : table->Alias();
+            if (!prefix.empty()) {
+                AppendName(out, parser, prefix);
+                out += '.';
+            }
+        }
+        // The wildcard of T.* is no name and is never quoted.
+        if (name == "*")
+            out += name;
+        else
+            AppendName(out, parser, name);
+        return;
     case fkString: {
-        std::string_view s(FName);
+        std::string_view s(name);
         if (s.size() > 1 && (s.front() == '"' || s.front() == '\'')
             && (s.back() == '"' || s.back() == '\''))
             s = s.substr(1, s.size() - 2);
-        return text::QuotedStr(s, '\'');
+        text::AppendQuoted(out, s, '\'');
+        return;
     }
     default:
-        return FName;
+        out += name;
     }
+}
+
+void script::AppendNodeScript(std::string& out, const TVdFunctionDef& node)
+{
+    if (typeid(node) == typeid(TVdFunctionDef))
+        AppendFunctionScript(out, node);
+    else
+        out += node.GetScript();
+}
+
+void script::AppendNodeList(std::string& out, const TVdFunctionDefs& list)
+{
+    if (typeid(list) != typeid(TVdFunctionDefs)) {
+        out += list.GetScript();
+        return;
+    }
+    for (int i = 0; i < list.Count(); ++i) {
+        if (i)
+            out += ", ";
+        AppendNodeScript(out, *list.Items(i));
+    }
+}
+
+std::string TVdFunctionDef::GetScript() const
+{
+    std::string out;
+    script::AppendFunctionScript(out, *this);
+    return out;
 }
 
 void TVdFunctionDef::SetName(const std::string& name)
@@ -130,7 +174,7 @@ std::string TVdFunctionDefs::GetScript() const
     for (int i = 0; i < Count(); ++i) {
         if (i)
             result += ", ";
-        result += Items(i)->GetScript();
+        script::AppendNodeScript(result, *Items(i));
     }
     return result;
 }

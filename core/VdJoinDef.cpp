@@ -1,8 +1,10 @@
 #include "core/VdJoinDef.h"
 
+#include "core/VdScriptText.h"
 #include "core/VdSelectParser.h"
 #include "core/VdTableDef.h"
-#include "core/VdText.h"
+
+#include <algorithm>
 
 namespace vd {
 
@@ -38,21 +40,52 @@ TVdTableDef* TVdJoinDef::GetTableDef() const
     return list ? list->Owner() : nullptr;
 }
 
+namespace {
+
+// Whether s holds more than blanks and control characters (what Trim would remove).
+bool HasText(const std::string& s)
+{
+    return std::any_of(s.begin(), s.end(),
+                       [](char c) { return static_cast<unsigned char>(c) > ' '; });
+}
+
+// "alias"."field" of one side of the ON condition.
+void AppendSide(std::string& out, const TVdSelectParser* parser, const TVdTableDef& table,
+                const std::string& field)
+{
+    script::AppendName(out, parser, table.Alias().empty() ? table.Name() : table.Alias());
+    out += '.';
+    script::AppendName(out, parser, field);
+}
+
+} // namespace
+
 std::string TVdJoinDef::GetScript() const
 {
     const TVdTableDef* owner = GetTableDef();
-    if (!owner || FieldName.empty() || text::Trim(JoinField).empty() || JoinTable.empty())
+    if (!owner || FieldName.empty() || !HasText(JoinField) || JoinTable.empty())
         return std::string();
-    const auto* tables = dynamic_cast<const TVdTableDefs*>(owner->Collection());
+    const TVdTableDefs* tables = owner->Collection() ? owner->Collection()->AsTableDefs() : nullptr;
     const TVdTableDef* joined = tables ? tables->FindByAliasOrName(JoinTable) : nullptr;
     if (!joined)
         return std::string();
-    const std::string& ownerAlias = owner->Alias().empty() ? owner->Name() : owner->Alias();
-    const std::string& joinedAlias = joined->Alias().empty() ? joined->Name() : joined->Alias();
-    return ProcessKeyword(JoinKindWords(JoinKind)) + " " + ProcessKeyword("JOIN") + " " + joined->GetSourceText() + " "
-           + ProcessKeyword("ON") + " (" + ProcessName(ownerAlias) + "." + ProcessName(FieldName)
-           + " " + Operation + " " + ProcessName(joinedAlias) + "." + ProcessName(JoinField)
-           + ")";
+    const TVdSelectParser* parser = Parser();
+    std::string out;
+    script::AppendKeyword(out, parser, JoinKindWords(JoinKind));
+    out += ' ';
+    script::AppendKeyword(out, parser, "JOIN");
+    out += ' ';
+    script::AppendSourceText(out, *joined);
+    out += ' ';
+    script::AppendKeyword(out, parser, "ON");
+    out += " (";
+    AppendSide(out, parser, *owner, FieldName);
+    out += ' ';
+    out += Operation;
+    out += ' ';
+    AppendSide(out, parser, *joined, JoinField);
+    out += ')';
+    return out;
 }
 
 TVdJoinDefs::TVdJoinDefs(TVdTableDef* owner)

@@ -157,7 +157,11 @@ void TVdExpressionReader::ReadSingle(TVdFunctionDef& node)
 {
     const TTokenKind kind = S.TokenKind();
     if (S.TokenQuoted()) {
-        if (kind == tkString) {
+        if (Context == TVdExprContext::Parameter) {
+            // A procedure's argument prints as written after its ":".
+            node.SetName(S.RawToken());
+            node.SetKind(kind == tkString ? fkString : fkIdentifier);
+        } else if (kind == tkString) {
             node.SetName(S.UnquoteString(S.Token(), S.TokenQuote()));
             node.SetKind(fkString);
         } else {
@@ -196,6 +200,10 @@ void TVdExpressionReader::ReadRest(TVdFunctionDef& node, TVdTableDef*& table, in
             prevAlias = P.AliasText();
         }
         Consume();
+    }
+    if (depth > 0) {
+        P.Fail(); // an unclosed parenthesis would swallow the rest of the statement
+        return;
     }
     node.Arguments().Clear();
     const std::string& source = S.Expression();

@@ -1,4 +1,5 @@
 // The FROM clause: tables, stored procedure calls and joins.
+#include "core/VdScriptText.h"
 #include "core/VdSelectParser.h"
 
 namespace vd {
@@ -13,7 +14,13 @@ std::string ModelText(const TVdSQLScanner& scanner, const std::string& content,
 {
     const std::string raw = scanner.RawToken();
     const std::string plain = text::UndoubleQuotes(content, scanner.TokenQuote());
-    return print(plain) == raw ? plain : raw;
+    if (print(plain) == raw)
+        return plain;
+    if (print(raw) == raw)
+        return raw;
+    // 'a.b' would print split at its dot: in identifier quotes it stays one name.
+    const std::string requoted = text::QuotedStr(plain, scanner.GetIdentQuote());
+    return print(requoted) == requoted ? requoted : raw;
 }
 
 } // namespace
@@ -38,16 +45,9 @@ std::string TVdSelectParser::AliasText() const
 
 std::string TVdSelectParser::ProcessItemName(const std::string& name) const
 {
-    const TVdSQLScanner& scanner = Scanner();
-    // A file-name table such as customer.db is quoted as one name, not split at its dot.
-    if (scanner.GetQuoteIdentifiers()) {
-        for (size_t i = 0; i + 3 <= name.size(); ++i)
-            if (name[i] == '.' && text::SameText(std::string_view(name).substr(i, 3), ".db")) {
-                const char quote = scanner.GetIdentQuote();
-                return quote + name + quote;
-            }
-    }
-    return scanner.ProcessName(name);
+    std::string result;
+    script::AppendItemName(result, *this, name);
+    return result;
 }
 
 TVdTableDef* TVdSelectParser::FindTableByToken() const
@@ -319,6 +319,9 @@ bool TVdSelectParser::ReadJoinCondition(TVdTableDef*& owner, std::string& ownerF
         if (joinedSide) {
             joinedField = field;
         } else {
+            // A join needs its owning table in FROM, not only named by a qualifier.
+            if (table->Name().empty())
+                return false;
             owner = table;
             ownerField = field;
         }

@@ -294,6 +294,9 @@ std::string TVdSQLScanner::ProcessName(const std::string& name) const
     if (!GetQuoteIdentifiers())
         return name;
     const char quote = GetIdentQuote();
+    // Without a "." after the first character the whole name is the last part (no prefix).
+    if (name.size() < 2 || name.find('.', 1) == std::string::npos)
+        return NeedQuotes(name) ? text::QuotedStr(name, quote) : name;
     std::string prefix;
     bool hasPrefix = false;
     bool anyQuoted = false;
@@ -324,11 +327,17 @@ std::string TVdSQLScanner::ProcessName(const std::string& name) const
     }
     std::string result;
     if (hasPrefix) {
-        result = (!anyQuoted && NeedQuotes(prefix)) ? text::QuotedStr(prefix, quote) : prefix;
+        if (!anyQuoted && NeedQuotes(prefix))
+            text::AppendQuoted(result, prefix, quote);
+        else
+            result = prefix;
         result += '.';
     }
     const std::string last(rest);
-    result += NeedQuotes(last) ? text::QuotedStr(last, quote) : last;
+    if (NeedQuotes(last))
+        text::AppendQuoted(result, last, quote);
+    else
+        result += last;
     return result;
 }
 
@@ -581,7 +590,8 @@ const std::string& TVdSQLScanner::GetNextToken()
             kind = ClassifyWord(result);
         else if (result.empty() && !(wasPending && quoted))
             kind = tkEnd;
-        if (IsOperation(result))
+        // Blanks, line ends and quotes are never operations (list items are trimmed words).
+        if (kind != tkSpace && kind != tkEol && kind != tkQuote && IsOperation(result))
             kind = tkOperation;
         FTokenKind = kind;
         if (kind != tkEol)

@@ -1,6 +1,7 @@
 #include "core/VdStringList.h"
 
 #include "core/VdFieldDef.h"
+#include "core/VdScriptText.h"
 #include "core/VdSelectParser.h"
 #include "core/VdTableDef.h"
 
@@ -43,12 +44,27 @@ void TVdStringList::Clear()
     FLines.clear();
 }
 
+namespace {
+
+// "GROUP BY\r\n  " in the parser's keyword case.
+void AppendClauseHead(std::string& out, const TVdSelectParser* parser, const char* first,
+                      const char* second)
+{
+    script::AppendKeyword(out, parser, first);
+    out += ' ';
+    script::AppendKeyword(out, parser, second);
+    out += "\r\n  ";
+}
+
+} // namespace
+
 std::string TVdStringList::ClauseScript(const char* first, const char* second,
                                         const std::vector<std::string>& lines) const
 {
+    std::string result;
     if (lines.empty())
-        return std::string();
-    std::string result = ProcessKeyword(first) + " " + ProcessKeyword(second) + "\r\n  ";
+        return result;
+    AppendClauseHead(result, FParser, first, second);
     for (size_t i = 0; i < lines.size(); ++i) {
         if (i)
             result += ",\r\n  ";
@@ -61,13 +77,13 @@ std::string TVdStringList::ClauseScript(const char* first, const char* second,
 void TVdGroupByItems::Rebuild()
 {
     const TVdSelectParser* parser = Parser();
-    std::vector<const TVdFieldDef*> fields;
-    for (const TVdFieldDef* field : parser->TableDefs().FieldsInOrder())
-        if (field)
-            fields.push_back(field);
+    const std::vector<TVdFieldDef*> fields = parser->TableDefs().FieldsInOrder();
     bool aggregates = false;
     bool plain = false;
+    // Only output fields count: a procedure's input parameters are its arguments.
     for (const TVdFieldDef* field : fields) {
+        if (!field || field->IsInputParam())
+            continue;
         if (field->Kind() == fkFunction && parser->Aggregates().Contains(field->Name()))
             aggregates = true;
         else
@@ -76,9 +92,19 @@ void TVdGroupByItems::Rebuild()
     Clear();
     if (!aggregates || !plain)
         return;
-    for (const TVdFieldDef* field : fields)
-        if (field->Kind() == fkIdentifier && !parser->Aggregates().Contains(field->Name()))
-            Add(ProcessName(field->GetTableAlias() + "." + field->Name()));
+    std::string qualified;
+    for (const TVdFieldDef* field : fields) {
+        if (!field || field->IsInputParam() || field->Kind() != fkIdentifier
+            || parser->Aggregates().Contains(field->Name()))
+            continue;
+        const TVdTableDef* table = field->Table();
+        qualified.clear();
+        if (table)
+            qualified += table->Alias().empty() ? table->Name() : table->Alias();
+        qualified += '.';
+        qualified += field->Name();
+        Add(ProcessName(qualified));
+    }
 }
 
 std::string TVdGroupByItems::GetScript()
@@ -134,11 +160,19 @@ void TVdOrderByItems::SetOrders(int index, TVdOrderKind kind)
 
 std::string TVdOrderByItems::GetScript() const
 {
-    std::vector<std::string> lines;
-    lines.reserve(FLines.size());
-    for (size_t i = 0; i < FLines.size(); ++i)
-        lines.push_back(ProcessName(FLines[i]) + (FOrders[i] == okDesc ? " DESC" : ""));
-    return ClauseScript("ORDER", "BY", lines);
+    std::string result;
+    if (FLines.empty())
+        return result;
+    AppendClauseHead(result, Parser(), "ORDER", "BY");
+    for (size_t i = 0; i < FLines.size(); ++i) {
+        if (i)
+            result += ",\r\n  ";
+        result += ProcessName(FLines[i]);
+        if (FOrders[i] == okDesc)
+            result += " DESC";
+    }
+    result += "\r\n";
+    return result;
 }
 
 } // namespace vd

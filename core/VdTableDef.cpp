@@ -2,10 +2,14 @@
 
 #include "core/VdFieldDef.h"
 #include "core/VdJoinDef.h"
+#include "core/VdScriptText.h"
 #include "core/VdSelectParser.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
+#include <optional>
+#include <string_view>
 #include <unordered_set>
 
 namespace vd {
@@ -126,21 +130,33 @@ std::string TVdTableDef::GetParamsText() const
             continue;
         if (!result.empty())
             result += ", ";
-        result += ":" + field->Name();
+        result += ':';
+        result += field->Name();
     }
     return result;
 }
 
+void script::AppendSourceText(std::string& out, const TVdTableDef& table)
+{
+    script::AppendName(out, table.Parser(), table.Name());
+    if (table.TableType() == qttStoredProc) {
+        const std::string params = table.GetParamsText();
+        if (!params.empty()) {
+            out += '(';
+            out += params;
+            out += ')';
+        }
+    }
+    if (!table.Alias().empty() && table.Alias() != table.Name()) {
+        out += ' ';
+        out += table.ProcessAlias(table.Alias());
+    }
+}
+
 std::string TVdTableDef::GetSourceText() const
 {
-    std::string result = ProcessName(FName);
-    if (FTableType == qttStoredProc) {
-        const std::string params = GetParamsText();
-        if (!params.empty())
-            result += "(" + params + ")";
-    }
-    if (!FAlias.empty() && FAlias != FName)
-        result += " " + ProcessAlias(FAlias);
+    std::string result;
+    script::AppendSourceText(result, *this);
     return result;
 }
 
@@ -148,7 +164,9 @@ std::string TVdTableDef::GetScript() const
 {
     if (const TVdTableDefs* tables = Tables())
         return tables->GetTableScript(*this);
-    return "  " + GetSourceText();
+    std::string out = "  ";
+    script::AppendSourceText(out, *this);
+    return out;
 }
 
 void TVdTableDef::Added()
@@ -297,23 +315,64 @@ bool TVdTableDefs::IsTableJoined(const TVdTableDef& table) const
     return false;
 }
 
+namespace {
+
+// A set kept in place while it is small, as it is for almost every statement (a few tables,
+// a few joins); past that a hash set keeps printing linear.
+template <class T>
+class TSmallSet
+{
+public:
+    bool Contains(const T& value) const
+    {
+        if (FSpill)
+            return FSpill->count(value) > 0;
+        const auto end = FInline.begin() + FCount;
+        return std::find(FInline.begin(), end, value) != end;
+    }
+    // False when the value was there already.
+    bool Insert(const T& value)
+    {
+        if (Contains(value))
+            return false;
+        if (!FSpill && FCount < FInline.size()) {
+            FInline[FCount++] = value;
+            return true;
+        }
+        if (!FSpill)
+            FSpill.emplace(FInline.begin(), FInline.end());
+        FSpill->insert(value);
+        return true;
+    }
+
+private:
+    std::array<T, 16> FInline{};
+    size_t FCount = 0;
+    std::optional<std::unordered_set<T>> FSpill;
+};
+
+} // namespace
+
 void TVdTableDefs::AppendJoins(const TVdTableDef& root, std::string& out) const
 {
     auto appendOwn = [&out](const TVdTableDef& table) {
         if (table.JoinDefs().Count() == 0)
-            return;
+            return false;
         out += ' ';
         out += table.JoinDefs().GetScript();
+        return true;
     };
+    if (!appendOwn(root))
+        return;
     // Depth first, as a recursion would go; a table is entered once, so a cycle of joins
     // cannot loop.
     struct Frame {
         const TVdTableDef* Table;
         int Next;
     };
-    std::unordered_set<const TVdTableDef*> visited{&root};
+    TSmallSet<const TVdTableDef*> visited;
+    visited.Insert(&root);
     std::vector<Frame> stack{{&root, 0}};
-    appendOwn(root);
     while (!stack.empty()) {
         Frame& frame = stack.back();
         if (frame.Next >= frame.Table->JoinDefs().Count()) {
@@ -322,7 +381,7 @@ void TVdTableDefs::AppendJoins(const TVdTableDef& root, std::string& out) const
         }
         const TVdJoinDef* join = frame.Table->JoinDefs().Items(frame.Next++);
         const TVdTableDef* joined = FindByAlias(join->JoinTable);
-        if (!joined || !visited.insert(joined).second)
+        if (!joined || !visited.Insert(joined))
             continue;
         appendOwn(*joined);
         stack.push_back({joined, 0});
@@ -331,49 +390,55 @@ void TVdTableDefs::AppendJoins(const TVdTableDef& root, std::string& out) const
 
 std::string TVdTableDefs::GetTableScript(const TVdTableDef& table) const
 {
-    std::string out = "  " + table.GetSourceText();
+    std::string out = "  ";
+    script::AppendSourceText(out, table);
     AppendJoins(table, out);
     return out;
 }
 
 std::string TVdTableDefs::GetScript(std::string& selectList) const
 {
-    std::string fields;
+    selectList.clear();
     for (const TVdFieldDef* field : FieldsInOrder()) {
         if (!field || field->IsInputParam())
             continue;
-        const std::string script = field->GetScript();
-        if (script.empty())
-            continue;
-        if (!fields.empty())
-            fields += ",\r\n";
-        fields += "  ";
-        fields += script;
+        // A field that prints nothing takes no line.
+        const size_t mark = selectList.size();
+        selectList += mark == 0 ? "\r\n  " : ",\r\n  ";
+        const size_t start = selectList.size();
+        script::AppendFieldScript(selectList, *field);
+        if (selectList.size() == start)
+            selectList.resize(mark);
     }
-    std::unordered_set<std::string> joined;
+    if (selectList.empty() && Count() > 0)
+        selectList = "*";
+    // A table that a join leads to prints after that join, not on a FROM line of its own.
+    TSmallSet<std::string_view> joined;
     for (int t = 0; t < Count(); ++t) {
         const TVdJoinDefs& joins = Items(t)->JoinDefs();
         for (int j = 0; j < joins.Count(); ++j)
-            joined.insert(joins.Items(j)->JoinTable);
+            joined.Insert(joins.Items(j)->JoinTable);
     }
-    std::string tables;
+    std::string out = selectList;
+    out += "\r\n";
+    script::AppendKeyword(out, Parser(), "FROM");
+    out += "\r\n";
+    const size_t head = out.size();
     for (int t = 0; t < Count(); ++t) {
         const TVdTableDef* table = Items(t);
         // A table that no text has named yet (SELECT A without FROM) has no FROM line.
-        if (table->Name().empty() || joined.count(table->Alias()))
+        if (table->Name().empty() || joined.Contains(table->Alias()))
             continue;
-        if (!tables.empty())
-            tables += ",\r\n";
-        tables += GetTableScript(*table);
+        if (out.size() > head)
+            out += ",\r\n";
+        out += "  ";
+        script::AppendSourceText(out, *table);
+        AppendJoins(*table, out);
     }
-    if (!fields.empty())
-        selectList = "\r\n" + fields;
-    else
-        selectList = Count() > 0 ? "*" : "";
-    if (tables.empty())
+    if (out.size() == head)
         return selectList;
-    const std::string from = Parser() ? Parser()->ProcessKeyword("FROM") : std::string("FROM");
-    return selectList + "\r\n" + from + "\r\n" + tables + "\r\n";
+    out += "\r\n";
+    return out;
 }
 
 std::string TVdTableDefs::GetScript() const
@@ -384,8 +449,32 @@ std::string TVdTableDefs::GetScript() const
 
 bool TVdTableDefs::AliasUsed(const std::string& alias) const
 {
+    if (alias.empty())
+        return FEmptyAliases > 0;
     auto it = FAliasCount.find(alias);
     return it != FAliasCount.end() && it->second > 0;
+}
+
+void TVdTableDefs::CountAlias(const std::string& alias, int delta)
+{
+    if (alias.empty()) {
+        FEmptyAliases += delta;
+        return;
+    }
+    if (delta > 0) {
+        FAliasCount[alias] += delta;
+        return;
+    }
+    auto it = FAliasCount.find(alias);
+    if (it == FAliasCount.end())
+        return;
+    it->second += delta;
+    if (it->second > 0)
+        return;
+    FAliasCount.erase(it);
+    // A freed name1, name2, ... may be the lowest free counter of name again.
+    for (size_t i = alias.size(); i > 0 && std::isdigit(static_cast<unsigned char>(alias[i - 1])); --i)
+        FCounterHint.erase(alias.substr(0, i - 1));
 }
 
 std::string TVdTableDefs::GetUniqueAlias(const std::string& name, bool force)
@@ -406,28 +495,21 @@ std::string TVdTableDefs::GetUniqueAlias(const std::string& name, bool force)
 
 void TVdTableDefs::AliasChanged(const std::string& oldAlias, const std::string& newAlias)
 {
-    auto it = FAliasCount.find(oldAlias);
-    if (it != FAliasCount.end() && --it->second <= 0) {
-        FAliasCount.erase(it);
-        // A freed name1, name2, ... may be the lowest free counter of name again.
-        for (size_t i = oldAlias.size(); i > 0 && std::isdigit(static_cast<unsigned char>(oldAlias[i - 1])); --i)
-            FCounterHint.erase(oldAlias.substr(0, i - 1));
-    }
-    ++FAliasCount[newAlias];
+    CountAlias(oldAlias, -1);
+    CountAlias(newAlias, +1);
 }
 
 void TVdTableDefs::FieldAdded(TVdFieldDef& field)
 {
     ++FFieldCount;
     field.SetFieldIndex(FFieldCount - 1);
-    ++FAliasCount[field.Alias()];
+    CountAlias(field.Alias(), +1);
 }
 
 void TVdTableDefs::FieldRemoved(TVdFieldDef& field)
 {
     --FFieldCount;
-    AliasChanged(field.Alias(), std::string());
-    --FAliasCount[std::string()];
+    CountAlias(field.Alias(), -1);
     DecrementIndexes({field.FieldIndex()}, nullptr);
 }
 
@@ -441,8 +523,7 @@ void TVdTableDefs::FieldsRemoved(TVdTableDef& table)
     for (int f = 0; f < fields.Count(); ++f) {
         const TVdFieldDef* field = fields.Items(f);
         removed.push_back(field->FieldIndex());
-        AliasChanged(field->Alias(), std::string());
-        --FAliasCount[std::string()];
+        CountAlias(field->Alias(), -1);
     }
     FFieldCount -= fields.Count();
     DecrementIndexes(std::move(removed), &table);
@@ -470,6 +551,7 @@ void TVdTableDefs::Clearing()
 {
     FFieldCount = 0;
     FAliasCount.clear();
+    FEmptyAliases = 0;
     FCounterHint.clear();
     FByAlias.clear();
     FByName.clear();

@@ -129,7 +129,10 @@ private:
     mutable bool FLookupValid = false;
 
     int FFieldCount = 0;
+    // How many fields hold each alias; the empty alias of every new field is counted apart.
     std::unordered_map<std::string, int> FAliasCount;
+    int FEmptyAliases = 0;
+    void CountAlias(const std::string& alias, int delta);
     std::unordered_map<std::string, int> FCounterHint;
 };
 

@@ -67,15 +67,22 @@ std::vector<std::string> SplitComma(std::string_view commaText)
 std::string QuotedStr(std::string_view s, char quote)
 {
     std::string r;
-    r.reserve(s.size() + 2);
-    r += quote;
-    for (char c : s) {
-        r += c;
-        if (c == quote)
-            r += quote;
-    }
-    r += quote;
+    AppendQuoted(r, s, quote);
     return r;
+}
+
+void AppendQuoted(std::string& out, std::string_view s, char quote)
+{
+    out.reserve(out.size() + s.size() + 2);
+    out += quote;
+    // Names rarely hold the quote: copy the runs between quotes whole.
+    for (size_t at = s.find(quote); at != std::string_view::npos; at = s.find(quote)) {
+        out.append(s.data(), at + 1);
+        out += quote;
+        s.remove_prefix(at + 1);
+    }
+    out += s;
+    out += quote;
 }
 
 std::string UndoubleQuotes(std::string_view s, char quote)

@@ -25,6 +25,8 @@ std::string Trim(std::string_view s);
 std::vector<std::string> SplitComma(std::string_view commaText);
 // Encloses s in quote, doubling every quote inside.
 std::string QuotedStr(std::string_view s, char quote);
+// QuotedStr(s, quote) appended to out, without a temporary.
+void AppendQuoted(std::string& out, std::string_view s, char quote);
 // Replaces every doubled quote by a single one.
 std::string UndoubleQuotes(std::string_view s, char quote);
 

@@ -90,10 +90,15 @@ void TVdWordList::BuildIndex() const
     FIndex.clear();
     for (std::uint64_t& row : FFilter)
         row = 0;
+    for (std::uint64_t& row : FEnds)
+        row = 0;
     for (size_t i = 0; i < FItems.size(); ++i) {
-        FIndex.emplace(FItems[i], int(i));
-        if (!FItems[i].empty())
-            FFilter[FilterRow(FItems[i][0])] |= FilterBit(FItems[i].size());
+        const std::string& word = FItems[i];
+        FIndex.emplace(word, int(i));
+        if (word.empty())
+            continue;
+        FFilter[FilterRow(word[0])] |= FilterBit(word.size());
+        FEnds[FilterRow(word[0])] |= std::uint64_t(1) << FilterRow(word.back());
     }
     FIndexValid = true;
 }
@@ -106,7 +111,8 @@ int TVdWordList::IndexOf(std::string_view word) const
         BuildIndex();
     if (word.empty())
         return IndexOfEmpty();
-    if (!(FFilter[FilterRow(word[0])] & FilterBit(word.size())))
+    const unsigned row = FilterRow(word[0]);
+    if (!(FFilter[row] & FilterBit(word.size())) || !(FEnds[row] & (std::uint64_t(1) << FilterRow(word.back()))))
         return -1;
     auto it = FIndex.find(word);
     return it == FIndex.end() ? -1 : it->second;

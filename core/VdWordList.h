@@ -46,10 +46,11 @@ private:
         using is_transparent = void;
         bool operator()(std::string_view a, std::string_view b) const;
     };
-    // Rebuilt after a change: the first place of each word, and a filter on (first letter,
-    // length) that turns most non-words away before hashing.
+    // Rebuilt after a change: the first place of each word, and filters on (first letter,
+    // length) and (first letter, last letter) that turn most non-words away before hashing.
     mutable std::unordered_map<std::string, int, TNoCaseHash, TNoCaseEqual> FIndex;
     mutable std::uint64_t FFilter[64] = {};
+    mutable std::uint64_t FEnds[64] = {};
     mutable bool FIndexValid = false;
 };
 
