@@ -133,20 +133,31 @@ bool TVdExpressionReader::ReadCall(TVdFunctionDef& node, TVdTableDef*& table)
     return true;
 }
 
+// T.A, "my t".A, T.*, and S.T.A where a dotted table name qualifies the field.
 bool TVdExpressionReader::ReadQualified(TVdFunctionDef& node, TVdTableDef*& table)
 {
-    const std::string qualifier = P.NameText();
-    const std::string qualifierAlias = P.AliasText();
-    if (Context == TVdExprContext::SelectList)
-        table = QualifierTable(qualifierAlias, qualifier);
+    std::string qualifier = P.NameText();
+    std::string qualifierAlias = P.AliasText();
     Consume();
     Consume(); // "."
-    const bool star = !S.TokenQuoted() && S.Token() == "*";
-    if (!star && !P.IsNameKind())
-        return false;
-    const std::string field = star ? std::string("*") : P.NameText();
-    Consume();
-    if (!AtStop(0))
+    bool star = false;
+    std::string field;
+    for (;;) {
+        star = !S.TokenQuoted() && S.Token() == "*";
+        if (!star && !P.IsNameKind())
+            break;
+        field = star ? std::string("*") : P.NameText();
+        Consume();
+        if (star || !P.IsDelimToken('.'))
+            break;
+        qualifier += "." + field;
+        qualifierAlias = qualifier;
+        field.clear();
+        Consume(); // "."
+    }
+    if (Context == TVdExprContext::SelectList)
+        table = QualifierTable(qualifierAlias, qualifier);
+    if (field.empty() || !AtStop(0))
         return false;
     node.SetName(Context == TVdExprContext::SelectList ? field : qualifier + "." + field);
     node.SetKind(fkIdentifier);

@@ -306,22 +306,39 @@ bool TVdSelectParser::ReadJoinCondition(TVdTableDef*& owner, std::string& ownerF
         }
         if (!IsNameKind() || sides == 2 || !PeekIs("."))
             return false;
-        TVdTableDef* table = FindTableByToken();
-        if (!table)
+        // alias.field, or S.T.field for a table with a dotted name. An error names the
+        // qualifier, so the scanner goes back to it.
+        const TVdSQLScanner::TState atQualifier = Scanner().SaveState();
+        auto refuse = [&] {
+            Scanner().RestoreState(atQualifier);
             return false;
+        };
+        std::string qualifier = NameText();
+        TVdTableDef* table = FindTableByToken();
         Next();
         Next();
         if (!IsNameKind())
             return false;
-        const std::string field = NameText();
+        std::string field = NameText();
         Next();
+        while (IsDelimToken('.')) {
+            Next();
+            if (!IsNameKind())
+                return false;
+            qualifier += "." + field;
+            field = NameText();
+            table = TableDefs().FindByAliasOrName(qualifier);
+            Next();
+        }
+        if (!table)
+            return refuse();
         const bool joinedSide = sides == 0 ? table == joined : joinedField.empty();
         if (joinedSide) {
             joinedField = field;
         } else {
             // A join needs its owning table in FROM, not only named by a qualifier.
             if (table->Name().empty())
-                return false;
+                return refuse();
             owner = table;
             ownerField = field;
         }

@@ -256,3 +256,26 @@ TEST(ParserErrorRegroup, OrGroupInSecondPlaceDoesNotRegroup)
     ASSERT_EQ(parser.WhereItems().Count(), 2);
     EXPECT_EQ(parser.WhereItems().Items(1)->SubItems().Filter, cfAny);
 }
+
+TEST(ParserErrorsFound, UnclosedParenthesisInAnExpressionIsAnUnexpectedEnd)
+{
+    // Without the check the expression would swallow the rest of the statement.
+    const TErrorReport report = ParseError("SELECT A + (1, B FROM T");
+    EXPECT_TRUE(report.Raised);
+    EXPECT_EQ(report.Code, 2);
+    EXPECT_EQ(report.Message, "Unexpected end of statement.");
+}
+
+TEST(ParserErrorsFound, JoinFromATableNotInFromIsRejected)
+{
+    // X is known only from the select list: a join cannot hang on it.
+    const TErrorReport report = ParseError("SELECT X.A FROM T INNER JOIN U ON (X.A = U.B)");
+    EXPECT_TRUE(report.Raised);
+    EXPECT_EQ(report.Message, "Invalid token 'X' at position 36 of line 1.");
+}
+
+TEST(ParserErrorsFound, QualifierOfAnUnknownTableInAJoinIsNamed)
+{
+    const TErrorReport report = ParseError("SELECT A FROM T INNER JOIN U ON (T.A = X.B)");
+    EXPECT_EQ(report.Message, "Invalid token 'X' at position 40 of line 1.");
+}

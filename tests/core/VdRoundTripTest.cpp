@@ -398,3 +398,37 @@ TEST(StatementGenerator, LargeStatementHasItsSize)
     EXPECT_EQ(outputFields, 500);
     EXPECT_EQ(Comparisons(parser.WhereItems()), 200);
 }
+
+TEST(RoundTripNames, DottedTableNamesQualifyTheirFields)
+{
+    EXPECT_EQ(RoundTripProblem("SELECT S.T.A, X.B FROM S.T, U X INNER JOIN V.W ON (X.B = V.W.C)"), "");
+}
+
+TEST(RoundTripNames, QuotedTextWithADotStaysOneName)
+{
+    // 'a.b' would print split at its dot; it is kept in identifier quotes as one name.
+    EXPECT_EQ(RoundTripProblem("SELECT A FROM T WHERE A BETWEEN '1.5a' AND 'm'"), "");
+    EXPECT_EQ(RoundTripProblem("SELECT * FROM T WHERE A = 'x.y'"), "");
+}
+
+TEST(RoundTripNames, ProcedureArgumentsKeepTheirQuotes)
+{
+    EXPECT_EQ(RoundTripProblem("SELECT P.X FROM PROC(:A, '.abc', \"q q\") P"), "");
+    TVdSelectParser parser;
+    parser.SetExpression("SELECT P.X FROM PROC('.abc') P");
+    EXPECT_EQ(parser.TableDefs().FindByAlias("P")->FieldDefs().FindByName("'.abc'")->ParamType(), ptInput);
+}
+
+TEST(RoundTripNames, GroupByLeavesProcedureArgumentsOut)
+{
+    TVdSelectParser parser;
+    parser.SetExpression("SELECT P.X, COUNT(*) FROM PROC(:A, 5) P");
+    EXPECT_EQ(parser.GetExpression(), "SELECT \r\n"
+                                      "  \"P\".\"X\",\r\n"
+                                      "  COUNT(*) AS FIELD_1\r\n"
+                                      "FROM\r\n"
+                                      "  \"PROC\"(:A, :5) P\r\n"
+                                      "GROUP BY\r\n"
+                                      "  \"P\".\"X\"\r\n");
+    EXPECT_EQ(RoundTripProblem("SELECT P.X, COUNT(*) FROM PROC(:A, 5) P"), "");
+}
