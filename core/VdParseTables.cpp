@@ -168,8 +168,10 @@ void TVdSelectParser::DoParseTableDef()
 {
     if (!IsNameKind())
         return Fail();
-    // A qualified name (S.T, customer.db) is one table name.
+    // A qualified name (S.T, customer.db) is one table name; "" names no table.
     std::string name = NameText();
+    if (name.empty())
+        return Fail();
     Next();
     while (IsDelimToken('.')) {
         Next();

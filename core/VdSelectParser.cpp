@@ -302,8 +302,11 @@ void TVdSelectParser::DoParseFieldDefs()
         DoParseFieldDef();
         if (FState == ssError)
             break;
+        // Items are separated by commas: SELECT A AS X Y would read Y as a column of its own.
         if (IsDelimToken(','))
             Next();
+        else if (Kind() != tkEnd && !(Kind() == tkKeyword && !Scanner().TokenQuoted()))
+            Fail();
     }
     if (FState == ssError)
         TableDefs().Clear();
@@ -316,6 +319,9 @@ void TVdSelectParser::DoParseFieldDef()
     DoParseExpression(field, table, TTokenKinds{tkKeyword}, "AS", TVdExprContext::SelectList);
     if (FState == ssError)
         return;
+    // An empty quoted name ("") names no column.
+    if (field.Name().empty())
+        return Fail();
     const bool starOnly = field.Kind() == fkUnknown && field.Name() == "*";
     std::string alias;
     const bool hasAlias = IsKeywordToken("AS");

@@ -279,3 +279,15 @@ TEST(ParserErrorsFound, QualifierOfAnUnknownTableInAJoinIsNamed)
     const TErrorReport report = ParseError("SELECT A FROM T INNER JOIN U ON (T.A = X.B)");
     EXPECT_EQ(report.Message, "Invalid token 'X' at position 40 of line 1.");
 }
+
+TEST(ParserErrorsFound, SelectItemsNeedCommasBetweenThem)
+{
+    EXPECT_EQ(ParseError("SELECT A AS X Y FROM T").Message, "Invalid token 'Y' at position 15 of line 1.");
+    EXPECT_FALSE(ParseError("SELECT A AS X, Y FROM T").Raised);
+}
+
+TEST(ParserErrorsFound, EmptyQuotedNameNamesNothing)
+{
+    EXPECT_TRUE(ParseError("SELECT \"\" FROM T").Raised);
+    EXPECT_TRUE(ParseError("SELECT A FROM \"\"").Raised);
+}
