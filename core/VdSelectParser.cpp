@@ -305,8 +305,10 @@ void TVdSelectParser::DoParseFieldDefs()
         // Items are separated by commas: SELECT A AS X Y would read Y as a column of its own.
         if (IsDelimToken(','))
             Next();
-        else if (Kind() != tkEnd && !(Kind() == tkKeyword && !Scanner().TokenQuoted()))
+        else if (Kind() != tkEnd && !(Kind() == tkKeyword && !Scanner().TokenQuoted())) {
             Fail();
+            break;
+        }
     }
     if (FState == ssError)
         TableDefs().Clear();
