@@ -316,6 +316,7 @@ void TVdSelectParser::DoParseFieldDefs()
 
 void TVdSelectParser::DoParseFieldDef()
 {
+    const bool firstItem = TableDefs().GetFieldCount() == 0 && TableDefs().Count() == 0;
     TVdFieldDef field;
     TVdTableDef* table = nullptr;
     DoParseExpression(field, table, TTokenKinds{tkKeyword}, "AS", TVdExprContext::SelectList);
@@ -334,9 +335,13 @@ void TVdSelectParser::DoParseFieldDef()
         alias = AliasText();
         Next();
     }
-    // "*" alone is the select list of a query without fields: it adds none.
-    if (starOnly && !hasAlias)
+    // "*" alone is the select list of a query without fields: it adds none. Beside other
+    // items it would be lost, so there it is refused.
+    if (starOnly && !hasAlias) {
+        if (!firstItem || IsDelimToken(','))
+            Fail();
         return;
+    }
     TVdTableDefs& tables = TableDefs();
     std::vector<TVdTableDef*> targets;
     // Only a column (a name, or a call over names) is given to every table; a text that names
@@ -539,8 +544,20 @@ void TVdSelectParser::Next()
 void TVdSelectParser::RaiseIfUnterminated()
 {
     TVdSQLScanner& scanner = Scanner();
-    if (scanner.InString() && scanner.Position() > scanner.Length())
+    if (!scanner.InString())
+        return;
+    if (scanner.Position() > scanner.Length())
         scanner.GetNextToken(); // raises "Unterminated string." for the same token and place
+    // 'abc'' at the very end: the last character closes the text only because nothing follows
+    // it; the doubled quote before it is content, so the string is in fact left open.
+    const std::string& token = Scanner().Token();
+    if (scanner.Position() == scanner.Length() && scanner.TokenQuoted()) {
+        size_t run = 0;
+        while (run < token.size() && token[token.size() - 1 - run] == scanner.TokenQuote())
+            ++run;
+        if (run % 2 == 1)
+            throw EVdParserError(3, token, scanner.LineNo(), scanner.LinePos() - int(token.size()));
+    }
 }
 
 bool TVdSelectParser::IsWord(const char* word) const

@@ -291,3 +291,25 @@ TEST(ParserErrorsFound, EmptyQuotedNameNamesNothing)
     EXPECT_TRUE(ParseError("SELECT \"\" FROM T").Raised);
     EXPECT_TRUE(ParseError("SELECT A FROM \"\"").Raised);
 }
+
+TEST(ParserErrorsFound, DoubledQuoteBeforeTheEndLeavesTheStringOpen)
+{
+    // The scanner closes a string at the last character of the text; 'abc'' holds a doubled
+    // quote there and no closing one.
+    const TErrorReport open = ParseError("SELECT 'abc''");
+    EXPECT_EQ(open.Code, 3);
+    EXPECT_EQ(open.Message, "Unterminated string.");
+    EXPECT_EQ(open.Token, "abc'");
+    EXPECT_EQ(open.LinePos, 9);
+    EXPECT_FALSE(ParseError("SELECT 'abc''' FROM T").Raised);
+    EXPECT_FALSE(ParseError("SELECT A FROM T WHERE A = 'abc'''").Raised);
+}
+
+TEST(ParserErrorsFound, StarOnlyAsTheWholeSelectList)
+{
+    // The model has no field for "*": beside other items it would silently disappear.
+    EXPECT_EQ(ParseError("SELECT *, A FROM T").Message, "Invalid token ',' at position 9 of line 1.");
+    EXPECT_EQ(ParseError("SELECT A, * FROM T").Message, "Invalid token 'FROM' at position 13 of line 1.");
+    EXPECT_FALSE(ParseError("SELECT * FROM T").Raised);
+    EXPECT_FALSE(ParseError("SELECT T.*, A FROM T").Raised);
+}
