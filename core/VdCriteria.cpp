@@ -139,13 +139,6 @@ void AppendRightSide(std::string& out, const TVdCriterion& criterion)
 
 } // namespace
 
-std::string TVdCriterion::RightSideScript() const
-{
-    std::string result;
-    AppendRightSide(result, *this);
-    return result;
-}
-
 std::string TVdCriterion::GetScript() const
 {
     if (IsGroup())

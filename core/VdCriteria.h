@@ -48,8 +48,6 @@ public:
     TVdCriterion* ParentCriterion() const;
 
 private:
-    std::string RightSideScript() const;
-
     mutable std::unique_ptr<TVdCriterions> FSubItems;
     std::string FOperator;
     std::unique_ptr<TVdFunctionDefs> FRightSide;
