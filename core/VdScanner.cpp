@@ -545,8 +545,9 @@ TTokenKind TVdSQLScanner::ScanOne(std::string& result)
         // Characters that end nothing are taken as a run.
         const std::uint16_t stops = FInString ? (ccQuote | ccIdentQuote)
                                               : (ccQuote | ccIdentQuote | ccDelim | ccSpace);
+        const char* text = FExpression.data();
         int end = FPosition + 1;
-        while (end <= FLength && !Has(CharAt(end), stops))
+        while (end <= FLength && !Has(text[end - 1], stops))
             ++end;
         result.append(FExpression, size_t(FPosition - 1), size_t(end - FPosition));
         FPosition = end;

@@ -570,12 +570,6 @@ bool TVdSelectParser::IsKeywordToken(const char* word) const
     return Kind() == tkKeyword && IsWord(word);
 }
 
-bool TVdSelectParser::IsDelimToken(char c) const
-{
-    const std::string& token = Token();
-    return !Scanner().TokenQuoted() && token.size() == 1 && token[0] == c;
-}
-
 bool TVdSelectParser::PeekIs(const char* word)
 {
     if (word[0] != '\0' && word[1] == '\0' && (word[0] == '(' || word[0] == '.'))

@@ -139,7 +139,11 @@ protected:
     TTokenKind Kind() const { return Scanner().TokenKind(); }
     bool IsWord(const char* word) const;
     bool IsKeywordToken(const char* word) const;
-    bool IsDelimToken(char c) const;
+    bool IsDelimToken(char c) const
+    {
+        const std::string& token = Token();
+        return token.size() == 1 && token[0] == c && !Scanner().TokenQuoted();
+    }
     // Reads the next token. A string that runs to the end of the text is reported as
     // unterminated before its content is looked at.
     void Next();

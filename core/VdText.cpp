@@ -32,11 +32,6 @@ int CompareText(std::string_view a, std::string_view b)
     return a.size() < b.size() ? -1 : 1;
 }
 
-bool SameText(std::string_view a, std::string_view b)
-{
-    return a.size() == b.size() && CompareText(a, b) == 0;
-}
-
 std::string Trim(std::string_view s)
 {
     size_t b = 0;

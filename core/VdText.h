@@ -19,7 +19,15 @@ inline char LowerChar(char c)
 
 std::string Upper(std::string_view s);
 std::string Lower(std::string_view s);
-bool SameText(std::string_view a, std::string_view b);
+inline bool SameText(std::string_view a, std::string_view b)
+{
+    if (a.size() != b.size())
+        return false;
+    for (size_t i = 0; i < a.size(); ++i)
+        if (a[i] != b[i] && UpperChar(a[i]) != UpperChar(b[i]))
+            return false;
+    return true;
+}
 int CompareText(std::string_view a, std::string_view b);
 std::string Trim(std::string_view s);
 std::vector<std::string> SplitComma(std::string_view commaText);
