@@ -582,6 +582,7 @@ const std::string& TVdSQLScanner::GetNextToken()
     for (;;) {
         if (FTokenKind != tkSpace && FTokenKind != tkEol)
             FSpaceCount = 0;
+        SkipBlankRun();
         FTokenKind = tkUnknown;
         result.clear();
         const bool wasPending = FEmptyStringPending;
@@ -624,6 +625,35 @@ const std::string& TVdSQLScanner::GetNextToken()
         }
         FToken.swap(result);
         return FToken;
+    }
+}
+
+// Blanks and CR LF pairs between tokens, taken a run at a time: each would be a token of its
+// own that only counts in SpaceCount, LinePos and LineNo, exactly as counted here.
+void TVdSQLScanner::SkipBlankRun()
+{
+    if (FInString || FEmptyStringPending)
+        return;
+    const char* text = FExpression.data();
+    const std::uint16_t other = ccDelim | ccQuote | ccIdentQuote | ccComparison;
+    const bool crIsDelim = Has('\r', ccDelim) && !Has('\r', ccQuote | ccIdentQuote | ccComparison);
+    for (;;) {
+        if (FPosition > FLength)
+            return;
+        const char c = text[FPosition - 1];
+        if (Has(c, ccSpace) && !Has(c, other)) {
+            ++FPosition;
+            ++FLinePos;
+            FTokenKind = tkSpace;
+        } else if (c == '\r' && crIsDelim && FPosition < FLength && text[FPosition] == '\n') {
+            FPosition += 2;
+            ++FLineNo;
+            FLinePos = 1;
+            FTokenKind = tkEol;
+        } else {
+            return;
+        }
+        ++FSpaceCount;
     }
 }
 

@@ -177,6 +177,7 @@ private:
         ccLevelDown = 512
     };
     void EnsureCharClasses();
+    void SkipBlankRun();
     bool Has(char c, std::uint16_t cls) const { return FClasses[static_cast<unsigned char>(c)] & cls; }
     TTokenKind ScanOne(std::string& result);
     bool ScanDelimOrSpace(char c, std::string& result, TTokenKind& kind);
