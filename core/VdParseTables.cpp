@@ -158,7 +158,7 @@ std::string TVdSelectParser::PeekAliasAfterParams()
             --depth;
         Next();
     } while (depth > 0 && Kind() != tkEnd);
-    if (depth == 0 && IsNameKind() && Kind() != tkKeyword)
+    if (depth == 0 && IsAliasToken() && Kind() != tkKeyword)
         alias = AliasText();
     scanner.RestoreState(state);
     return alias;
@@ -188,7 +188,7 @@ void TVdSelectParser::DoParseTableDef()
         alias = PeekAliasAfterParams();
         hasAlias = !alias.empty();
     } else if (Kind() != tkEnd && Kind() != tkKeyword && !IsDelimToken(',') && !IsDelimToken(';')) {
-        if (!IsNameKind())
+        if (!IsAliasToken())
             return Fail();
         alias = AliasText();
         hasAlias = true;

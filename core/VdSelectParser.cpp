@@ -330,7 +330,7 @@ void TVdSelectParser::DoParseFieldDef()
     const bool hasAlias = IsKeywordToken("AS");
     if (hasAlias) {
         Next();
-        if (!IsNameKind())
+        if (!IsAliasToken())
             return Fail();
         alias = AliasText();
         Next();
@@ -586,6 +586,11 @@ bool TVdSelectParser::IsNameKind() const
     const TTokenKind kind = Kind();
     return kind == tkIdent || kind == tkIdentString || kind == tkString
            || (Scanner().TokenQuoted() && kind != tkEnd);
+}
+
+bool TVdSelectParser::IsAliasToken() const
+{
+    return IsNameKind() && !Token().empty();
 }
 
 bool TVdSelectParser::IsOperandKind() const

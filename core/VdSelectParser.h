@@ -150,6 +150,8 @@ protected:
     void RaiseIfUnterminated();
     bool PeekIs(const char* word);
     bool IsNameKind() const;
+    // A name that can stand as an alias: "" cannot.
+    bool IsAliasToken() const;
     bool IsOperandKind() const;
     void Fail() { FState = ssError; }
 

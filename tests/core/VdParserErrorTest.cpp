@@ -290,6 +290,9 @@ TEST(ParserErrorsFound, EmptyQuotedNameNamesNothing)
 {
     EXPECT_TRUE(ParseError("SELECT \"\" FROM T").Raised);
     EXPECT_TRUE(ParseError("SELECT A FROM \"\"").Raised);
+    EXPECT_TRUE(ParseError("SELECT X FROM T \"\"").Raised);
+    EXPECT_TRUE(ParseError("SELECT X FROM PROC(1) \"\"").Raised);
+    EXPECT_TRUE(ParseError("SELECT X AS \"\" FROM T").Raised);
 }
 
 TEST(ParserErrorsFound, DoubledQuoteBeforeTheEndLeavesTheStringOpen)
