@@ -18,8 +18,8 @@ int main(int argc, char** argv)
         std::cerr << "vd_gen_statements: unknown kind '" << kind << "'\n";
         return 2;
     }
-    vdtest::GeneratorOptions options = kind == "typical" ? vdtest::GeneratorOptions::Typical()
-                                                         : vdtest::GeneratorOptions::Large();
+    vdtest::GeneratorOptions options =
+        kind == "typical" ? vdtest::GeneratorOptions::Typical() : vdtest::GeneratorOptions::Large();
     // vdsql bench reads one statement per line.
     options.LineBreaks = false;
     const int count = std::atoi(argv[2]);

@@ -180,9 +180,6 @@ void operator delete(void* p) noexcept
     std::free(base);
 }
 
-void operator delete(void* p, std::size_t) noexcept
-{
-    operator delete(p);
-}
+void operator delete(void* p, std::size_t) noexcept { operator delete(p); }
 
 BENCHMARK_MAIN();

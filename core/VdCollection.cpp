@@ -8,14 +8,9 @@ namespace vd {
 TVdCollectionItem::TVdCollectionItem() = default;
 TVdCollectionItem::~TVdCollectionItem() = default;
 
-void TVdCollectionItem::SetParser(TVdSelectParser* parser)
-{
-    FParser = parser;
-}
+void TVdCollectionItem::SetParser(TVdSelectParser* parser) { FParser = parser; }
 
-void TVdCollectionItem::Assign(const TVdCollectionItem&)
-{
-}
+void TVdCollectionItem::Assign(const TVdCollectionItem&) {}
 
 std::string TVdCollectionItem::ProcessName(const std::string& name) const
 {
@@ -32,15 +27,9 @@ std::string TVdCollectionItem::ProcessFunction(const std::string& name) const
     return FParser ? FParser->ProcessFunction(name) : name;
 }
 
-TVdCollection::TVdCollection(TItemFactory factory)
-    : FFactory(std::move(factory))
-{
-}
+TVdCollection::TVdCollection(TItemFactory factory) : FFactory(std::move(factory)) {}
 
-TVdCollection::~TVdCollection()
-{
-    Clear();
-}
+TVdCollection::~TVdCollection() { Clear(); }
 
 TVdCollectionItem* TVdCollection::GetItem(int index) const
 {
@@ -49,10 +38,7 @@ TVdCollectionItem* TVdCollection::GetItem(int index) const
     return FItems[size_t(index)].get();
 }
 
-TVdCollectionItem* TVdCollection::AddItem()
-{
-    return InsertItem(int(FItems.size()));
-}
+TVdCollectionItem* TVdCollection::AddItem() { return InsertItem(int(FItems.size())); }
 
 TVdCollectionItem* TVdCollection::InsertItem(int index)
 {
@@ -99,10 +85,7 @@ void TVdCollection::Assign(const TVdCollection& source)
     EndUpdate();
 }
 
-void TVdCollection::BeginUpdate()
-{
-    ++FUpdateCount;
-}
+void TVdCollection::BeginUpdate() { ++FUpdateCount; }
 
 void TVdCollection::EndUpdate()
 {

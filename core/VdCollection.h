@@ -94,8 +94,7 @@ private:
 };
 
 // Typed access over TVdCollection for a known item class.
-template <class Item>
-class TVdCollectionOf : public TVdCollection
+template <class Item> class TVdCollectionOf : public TVdCollection
 {
 public:
     using TVdCollection::TVdCollection;

@@ -24,8 +24,8 @@ std::string GetFilterAsString(TVdCriterionFilter filter)
 // ---- TVdCriterion ----
 
 TVdCriterion::TVdCriterion()
-    : FRightSide(std::make_unique<TVdFunctionDefs>(this))
-    , FLeftSide(std::make_unique<TVdFunctionDef>())
+    : FRightSide(std::make_unique<TVdFunctionDefs>(this)),
+      FLeftSide(std::make_unique<TVdFunctionDef>())
 {
 }
 
@@ -50,10 +50,7 @@ const TVdCriterions& TVdCriterion::SubItems() const
     return const_cast<TVdCriterion*>(this)->SubItems();
 }
 
-bool TVdCriterion::IsGroup() const
-{
-    return FSubItems && FSubItems->Count() > 0;
-}
+bool TVdCriterion::IsGroup() const { return FSubItems && FSubItems->Count() > 0; }
 
 void TVdCriterion::SetParser(TVdSelectParser* parser)
 {
@@ -83,20 +80,11 @@ void TVdCriterion::Assign(const TVdCollectionItem& source)
         FSubItems->Clear();
 }
 
-void TVdCriterion::SetLeftSide(const TVdFunctionDef& value)
-{
-    FLeftSide->Assign(value);
-}
+void TVdCriterion::SetLeftSide(const TVdFunctionDef& value) { FLeftSide->Assign(value); }
 
-void TVdCriterion::SetRightSide(const TVdFunctionDefs& value)
-{
-    FRightSide->Assign(value);
-}
+void TVdCriterion::SetRightSide(const TVdFunctionDefs& value) { FRightSide->Assign(value); }
 
-void TVdCriterion::SetSubItems(const TVdCriterions& value)
-{
-    SubItems().Assign(value);
-}
+void TVdCriterion::SetSubItems(const TVdCriterions& value) { SubItems().Assign(value); }
 
 TVdCriterions* TVdCriterion::OwnerList() const
 {
@@ -159,8 +147,7 @@ std::string TVdCriterion::GetScript() const
 // ---- TVdCriterions ----
 
 TVdCriterions::TVdCriterions(TVdCriterion* owner, TItemFactory factory)
-    : TVdCollectionOf<TVdCriterion>(std::move(factory))
-    , FOwner(owner)
+    : TVdCollectionOf<TVdCriterion>(std::move(factory)), FOwner(owner)
 {
 }
 

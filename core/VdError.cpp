@@ -2,23 +2,16 @@
 
 namespace vd {
 
-EVdError::EVdError(const std::string& message)
-    : std::runtime_error(message)
-{
-}
+EVdError::EVdError(const std::string& message) : std::runtime_error(message) {}
 
 EVdListError::EVdListError(int index)
-    : EVdError("List index out of bounds (" + std::to_string(index) + ")")
-    , Index(index)
+    : EVdError("List index out of bounds (" + std::to_string(index) + ")"), Index(index)
 {
 }
 
 EVdParserError::EVdParserError(int code, const std::string& token, int lineNo, int linePos)
-    : EVdError(MessageFor(code, token, lineNo, linePos))
-    , Code(code)
-    , LineNo(lineNo)
-    , LinePos(linePos)
-    , Token(token)
+    : EVdError(MessageFor(code, token, lineNo, linePos)), Code(code), LineNo(lineNo),
+      LinePos(linePos), Token(token)
 {
 }
 
@@ -26,8 +19,8 @@ std::string EVdParserError::MessageFor(int code, const std::string& token, int l
 {
     switch (code) {
     case 1:
-        return "Invalid token '" + token + "' at position " + std::to_string(linePos) + " of line "
-               + std::to_string(lineNo) + ".";
+        return "Invalid token '" + token + "' at position " + std::to_string(linePos) +
+               " of line " + std::to_string(lineNo) + ".";
     case 2:
         return "Unexpected end of statement.";
     case 3:

@@ -33,10 +33,7 @@ TVdFunctionDefs& TVdFunctionDef::Arguments()
     return *FArguments;
 }
 
-int TVdFunctionDef::ArgumentCount() const
-{
-    return FArguments ? FArguments->Count() : 0;
-}
+int TVdFunctionDef::ArgumentCount() const { return FArguments ? FArguments->Count() : 0; }
 
 const TVdFunctionDef* TVdFunctionDef::Argument(int index) const
 {
@@ -91,8 +88,8 @@ void script::AppendFunctionScript(std::string& out, const TVdFunctionDef& node)
         return;
     case fkString: {
         std::string_view s(name);
-        if (s.size() > 1 && (s.front() == '"' || s.front() == '\'')
-            && (s.back() == '"' || s.back() == '\''))
+        if (s.size() > 1 && (s.front() == '"' || s.front() == '\'') &&
+            (s.back() == '"' || s.back() == '\''))
             s = s.substr(1, s.size() - 2);
         text::AppendQuoted(out, s, '\'');
         return;
@@ -130,15 +127,9 @@ std::string TVdFunctionDef::GetScript() const
     return out;
 }
 
-void TVdFunctionDef::SetName(const std::string& name)
-{
-    FName = name;
-}
+void TVdFunctionDef::SetName(const std::string& name) { FName = name; }
 
-void TVdFunctionDef::SetKind(TVdFunctionKind kind)
-{
-    FKind = kind;
-}
+void TVdFunctionDef::SetKind(TVdFunctionKind kind) { FKind = kind; }
 
 void TVdFunctionDef::Clear()
 {
@@ -163,8 +154,8 @@ void TVdFunctionDef::Assign(const TVdCollectionItem& source)
 
 TVdFunctionDefs::TVdFunctionDefs(TVdCollectionItem* owner, TItemFactory factory)
     : TVdCollectionOf<TVdFunctionDef>(factory ? std::move(factory)
-                                              : [] { return std::make_unique<TVdFunctionDef>(); })
-    , FOwner(owner)
+                                              : [] { return std::make_unique<TVdFunctionDef>(); }),
+      FOwner(owner)
 {
 }
 

@@ -89,8 +89,7 @@ std::string TVdJoinDef::GetScript() const
 }
 
 TVdJoinDefs::TVdJoinDefs(TVdTableDef* owner)
-    : TVdCollectionOf<TVdJoinDef>([] { return std::make_unique<TVdJoinDef>(); })
-    , FOwner(owner)
+    : TVdCollectionOf<TVdJoinDef>([] { return std::make_unique<TVdJoinDef>(); }), FOwner(owner)
 {
 }
 
@@ -99,8 +98,8 @@ TVdJoinDef* TVdJoinDefs::Find(const std::string& fieldName, const std::string& j
 {
     for (int i = 0; i < Count(); ++i) {
         TVdJoinDef* join = Items(i);
-        if (join->FieldName == fieldName && join->JoinTable == joinTable
-            && join->JoinField == joinField)
+        if (join->FieldName == fieldName && join->JoinTable == joinTable &&
+            join->JoinField == joinField)
             return join;
     }
     return nullptr;

@@ -57,9 +57,9 @@ TVdOperator* TVdOperators::FindNearest(const std::string& text, bool& partial) c
     for (int i = 0; i < Count(); ++i) {
         TVdOperator* op = Items(i);
         const std::string& caption = op->Caption;
-        if (caption.size() <= text.size()
-            && (caption.empty() || text::UpperChar(caption[0]) == text::UpperChar(text[0]))
-            && text::SameText(std::string_view(text).substr(0, caption.size()), caption)) {
+        if (caption.size() <= text.size() &&
+            (caption.empty() || text::UpperChar(caption[0]) == text::UpperChar(text[0])) &&
+            text::SameText(std::string_view(text).substr(0, caption.size()), caption)) {
             partial = text.size() != caption.size();
             return op;
         }
@@ -71,9 +71,9 @@ bool TVdOperators::IsCaptionStart(const std::string& text) const
 {
     for (int i = 0; i < Count(); ++i) {
         const std::string& caption = Items(i)->Caption;
-        if (caption.size() > text.size() && caption[text.size()] == ' '
-            && (text.empty() || text::UpperChar(caption[0]) == text::UpperChar(text[0]))
-            && text::SameText(std::string_view(caption).substr(0, text.size()), text))
+        if (caption.size() > text.size() && caption[text.size()] == ' ' &&
+            (text.empty() || text::UpperChar(caption[0]) == text::UpperChar(text[0])) &&
+            text::SameText(std::string_view(caption).substr(0, text.size()), text))
             return true;
     }
     return false;

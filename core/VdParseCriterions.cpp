@@ -9,9 +9,7 @@ class TVdCriteriaReader
 {
 public:
     TVdCriteriaReader(TVdSelectParser& parser, TVdCriterions& list)
-        : P(parser)
-        , S(parser.Scanner())
-        , List(list)
+        : P(parser), S(parser.Scanner()), List(list)
     {
     }
 
@@ -80,8 +78,8 @@ bool TVdCriteriaReader::ExtendsOperator() const
 
 bool TVdCriteriaReader::IsConnector() const
 {
-    return S.TokenKind() == tkKeyword && !S.TokenQuoted()
-           && (P.IsWord("AND") || P.IsWord("OR") || P.IsWord("NOT"));
+    return S.TokenKind() == tkKeyword && !S.TokenQuoted() &&
+           (P.IsWord("AND") || P.IsWord("OR") || P.IsWord("NOT"));
 }
 
 // The comparison standing open is complete; the criterion that owns its list becomes current.
@@ -148,7 +146,8 @@ TVdCriteriaReader::TStep TVdCriteriaReader::Operand()
             P.Fail();
             return stStop;
         }
-        P.DoParseExpression(Current->LeftSide(), unused, stops, std::string(), TVdExprContext::Condition);
+        P.DoParseExpression(Current->LeftSide(), unused, stops, std::string(),
+                            TVdExprContext::Condition);
         LeftRead = true;
     } else {
         // "A <= 5": "<=" was left pending as a partial match of "<"; the operand completes it.
@@ -188,7 +187,8 @@ bool TVdCriteriaReader::ReadEnclosedArgument(const TVdOperator& op)
     }
     P.Next();
     TVdTableDef* unused = nullptr;
-    P.DoParseExpression(*Current->RightSide().Add(), unused, TTokenKinds(), std::string(), TVdExprContext::Condition);
+    P.DoParseExpression(*Current->RightSide().Add(), unused, TTokenKinds(), std::string(),
+                        TVdExprContext::Condition);
     if (P.State() == ssError || !P.IsWord(op.Postfix.c_str()))
         return false;
     P.Next();
@@ -212,7 +212,8 @@ bool TVdCriteriaReader::ReadArguments(const TVdOperator& op)
             continue;
         }
         TVdTableDef* unused = nullptr;
-        P.DoParseExpression(*Current->RightSide().Add(), unused, stops, std::string(), TVdExprContext::Condition);
+        P.DoParseExpression(*Current->RightSide().Add(), unused, stops, std::string(),
+                            TVdExprContext::Condition);
         if (P.State() == ssError)
             return false;
         if (!op.Postfix.empty()) {
@@ -329,15 +330,16 @@ void TVdCriteriaReader::Read()
         const bool closing = !quoted && P.IsDelimToken(')');
         if (kind == tkEnd)
             break;
-        const bool connector = ForceConnector || (IsConnector() && Pending.empty() && !InOperatorPosition());
+        const bool connector =
+            ForceConnector || (IsConnector() && Pending.empty() && !InOperatorPosition());
         if (connector)
             step = Connector();
         else if (!quoted && P.IsDelimToken('(') && Pending.empty())
             step = OpenParenthesis();
         else if (!quoted && P.IsDelimToken(')'))
             step = CloseParenthesis();
-        else if (!quoted && (kind == tkKeyword || kind == tkComparison
-                             || (kind == tkIdent && ExtendsOperator())))
+        else if (!quoted && (kind == tkKeyword || kind == tkComparison ||
+                             (kind == tkIdent && ExtendsOperator())))
             step = (InOperatorPosition() || !Pending.empty()) ? OperatorWord() : stStop;
         else if (P.IsOperandKind() || (!Pending.empty() && P.IsDelimToken('(')))
             step = Operand();

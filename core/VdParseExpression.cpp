@@ -11,11 +11,7 @@ class TVdExpressionReader
 public:
     TVdExpressionReader(TVdSelectParser& parser, TTokenKinds stopKinds, const std::string& stopWord,
                         TVdExprContext context)
-        : P(parser)
-        , S(parser.Scanner())
-        , StopKinds(stopKinds)
-        , StopWord(stopWord)
-        , Context(context)
+        : P(parser), S(parser.Scanner()), StopKinds(stopKinds), StopWord(stopWord), Context(context)
     {
     }
 
@@ -183,13 +179,25 @@ void TVdExpressionReader::ReadSingle(TVdFunctionDef& node)
     }
     node.SetName(S.Token());
     switch (kind) {
-    case tkFunction: node.SetKind(fkFunction); break;
+    case tkFunction:
+        node.SetKind(fkFunction);
+        break;
     case tkIdent:
-    case tkIdentString: node.SetKind(fkIdentifier); break;
-    case tkInteger: node.SetKind(fkInteger); break;
-    case tkFloat: node.SetKind(fkFloat); break;
-    case tkString: node.SetKind(fkString); break;
-    default: node.SetKind(fkUnknown); break;
+    case tkIdentString:
+        node.SetKind(fkIdentifier);
+        break;
+    case tkInteger:
+        node.SetKind(fkInteger);
+        break;
+    case tkFloat:
+        node.SetKind(fkFloat);
+        break;
+    case tkString:
+        node.SetKind(fkString);
+        break;
+    default:
+        node.SetKind(fkUnknown);
+        break;
     }
 }
 

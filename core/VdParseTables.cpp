@@ -30,7 +30,8 @@ std::string TVdSelectParser::NameText() const
     const TVdSQLScanner& scanner = Scanner();
     if (!scanner.TokenQuoted())
         return Token();
-    return ModelText(scanner, Token(), [this](const std::string& name) { return ProcessItemName(name); });
+    return ModelText(scanner, Token(),
+                     [this](const std::string& name) { return ProcessItemName(name); });
 }
 
 std::string TVdSelectParser::AliasText() const

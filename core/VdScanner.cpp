@@ -7,9 +7,9 @@ namespace vd {
 
 const char* TokenKindName(TTokenKind kind)
 {
-    static const char* const names[] = {"tkUnknown", "tkKeyword", "tkFunction", "tkDelim",
-                                        "tkInteger", "tkFloat",   "tkString",   "tkQuote",
-                                        "tkSpace",   "tkEol",     "tkEnd",      "tkIdent",
+    static const char* const names[] = {"tkUnknown",     "tkKeyword",   "tkFunction",  "tkDelim",
+                                        "tkInteger",     "tkFloat",     "tkString",    "tkQuote",
+                                        "tkSpace",       "tkEol",       "tkEnd",       "tkIdent",
                                         "tkIdentString", "tkOperation", "tkComparison"};
     return kind <= tkComparison ? names[kind] : "tkUnknown";
 }
@@ -19,10 +19,7 @@ const char* TokenKindName(TTokenKind kind)
 TVdScanner::TVdScanner() = default;
 TVdScanner::~TVdScanner() = default;
 
-bool TVdScanner::IsAlpha(char c) const
-{
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
+bool TVdScanner::IsAlpha(char c) const { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 
 bool TVdScanner::IsDelim(char c) const
 {
@@ -30,20 +27,11 @@ bool TVdScanner::IsDelim(char c) const
     return c == '\r' || (c != '\0' && delims.find(c) != std::string_view::npos);
 }
 
-bool TVdScanner::IsDigit(char c) const
-{
-    return c >= '0' && c <= '9';
-}
+bool TVdScanner::IsDigit(char c) const { return c >= '0' && c <= '9'; }
 
-bool TVdScanner::IsQuote(char c) const
-{
-    return c == '"' || c == '\'';
-}
+bool TVdScanner::IsQuote(char c) const { return c == '"' || c == '\''; }
 
-bool TVdScanner::IsSpace(char c) const
-{
-    return c == '\t' || c == ' ';
-}
+bool TVdScanner::IsSpace(char c) const { return c == '\t' || c == ' '; }
 
 std::string TVdScanner::GetTokenPlus()
 {
@@ -61,15 +49,9 @@ std::string TVdScanner::GetTokenPlus()
     return next;
 }
 
-bool TVdScanner::ShouldLevelUp(char c) const
-{
-    return c == '(';
-}
+bool TVdScanner::ShouldLevelUp(char c) const { return c == '('; }
 
-bool TVdScanner::ShouldLevelDown(char c) const
-{
-    return c == ')';
-}
+bool TVdScanner::ShouldLevelDown(char c) const { return c == ')'; }
 
 void TVdScanner::Init()
 {
@@ -102,10 +84,7 @@ const std::string& TVdScanner::GetFirstToken()
     return GetNextToken();
 }
 
-void TVdScanner::SetExpression(const std::string& text)
-{
-    SetExpression(std::string(text));
-}
+void TVdScanner::SetExpression(const std::string& text) { SetExpression(std::string(text)); }
 
 void TVdScanner::SetExpression(std::string&& text)
 {
@@ -130,25 +109,16 @@ TVdSQLScanner::TVdSQLScanner()
 
 TVdSQLScanner::~TVdSQLScanner() = default;
 
-bool TVdSQLScanner::IsOperation(const std::string& s) const
-{
-    return FOperations.Contains(s);
-}
+bool TVdSQLScanner::IsOperation(const std::string& s) const { return FOperations.Contains(s); }
 
-bool TVdSQLScanner::IsComparison(char c) const
-{
-    return c == '<' || c == '=' || c == '>';
-}
+bool TVdSQLScanner::IsComparison(char c) const { return c == '<' || c == '=' || c == '>'; }
 
 bool TVdSQLScanner::IsLegalSymbol(char c) const
 {
     return IsAlpha(c) || IsDigit(c) || c == '-' || c == '_';
 }
 
-bool TVdSQLScanner::IsIdentQuote(char c) const
-{
-    return c == '"' || c == '\'';
-}
+bool TVdSQLScanner::IsIdentQuote(char c) const { return c == '"' || c == '\''; }
 
 // Both read the cached classes, which hold what IsAlpha, IsLegalSymbol and IsDigit answer.
 bool TVdSQLScanner::IsIdentifier(const std::string& s) const
@@ -173,15 +143,9 @@ bool TVdSQLScanner::IsInteger(const std::string& s) const
     return true;
 }
 
-bool TVdSQLScanner::IsKeyword(const std::string& s) const
-{
-    return FKeywords.Contains(s);
-}
+bool TVdSQLScanner::IsKeyword(const std::string& s) const { return FKeywords.Contains(s); }
 
-bool TVdSQLScanner::IsFunction(const std::string& s) const
-{
-    return FFunctions.Contains(s);
-}
+bool TVdSQLScanner::IsFunction(const std::string& s) const { return FFunctions.Contains(s); }
 
 bool TVdSQLScanner::IsTerminator(char c, const std::string& text, char quote, int next) const
 {
@@ -197,25 +161,13 @@ bool TVdSQLScanner::IsTerminator(char c, const std::string& text, char quote, in
     return k % 2 == 0;
 }
 
-char TVdSQLScanner::GetIdentQuote() const
-{
-    return '"';
-}
+char TVdSQLScanner::GetIdentQuote() const { return '"'; }
 
-bool TVdSQLScanner::GetProcessAliases() const
-{
-    return false;
-}
+bool TVdSQLScanner::GetProcessAliases() const { return false; }
 
-bool TVdSQLScanner::GetQuoteIdentifiers() const
-{
-    return FQuoteIdentifiers;
-}
+bool TVdSQLScanner::GetQuoteIdentifiers() const { return FQuoteIdentifiers; }
 
-char TVdSQLScanner::GetStringQuote() const
-{
-    return '\'';
-}
+char TVdSQLScanner::GetStringQuote() const { return '\''; }
 
 bool TVdSQLScanner::NeedQuotes(const std::string& name) const
 {
@@ -232,15 +184,9 @@ std::string TVdSQLScanner::GetCommaKeywords() const
            "INNER,OUTER,JOIN,ON,AND,OR,NOT";
 }
 
-std::string TVdSQLScanner::GetCommaFunctions() const
-{
-    return "SUM,MIN,MAX,AVG,COUNT";
-}
+std::string TVdSQLScanner::GetCommaFunctions() const { return "SUM,MIN,MAX,AVG,COUNT"; }
 
-std::string TVdSQLScanner::GetCommaOperations() const
-{
-    return "+,-,*,/";
-}
+std::string TVdSQLScanner::GetCommaOperations() const { return "+,-,*,/"; }
 
 std::string TVdSQLScanner::ProcessIdent(const std::string& name) const
 {
@@ -358,10 +304,7 @@ void TVdSQLScanner::SetFunctions(const TVdWordList& words)
     FFunctions.Sort();
 }
 
-void TVdSQLScanner::SetOperations(const TVdWordList& words)
-{
-    FOperations.Assign(words, false);
-}
+void TVdSQLScanner::SetOperations(const TVdWordList& words) { FOperations.Assign(words, false); }
 
 std::string TVdSQLScanner::GetTokenPlus()
 {
@@ -373,9 +316,9 @@ std::string TVdSQLScanner::GetTokenPlus()
 
 TVdSQLScanner::TState TVdSQLScanner::SaveState() const
 {
-    return TState{FPosition,  FLevel,      FLineNo,     FLinePos,        FSpaceCount,
-                  FTokenStart, FTokenEnd,  FToken,      FInString,       FEmptyStringPending,
-                  FTokenQuoted, FQuoteChar, FTokenQuote, FOpenQuote,     FQuoteStart,
+    return TState{FPosition,    FLevel,     FLineNo,     FLinePos,   FSpaceCount,
+                  FTokenStart,  FTokenEnd,  FToken,      FInString,  FEmptyStringPending,
+                  FTokenQuoted, FQuoteChar, FTokenQuote, FOpenQuote, FQuoteStart,
                   FTokenKind};
 }
 
@@ -504,8 +447,8 @@ TTokenKind TVdSQLScanner::ScanOne(std::string& result)
                 const bool opening = !FInString;
                 FQuoteChar = opening ? c : '\0';
                 FInString = FQuoteChar != '\0';
-                FEmptyStringPending = opening && CharAt(FPosition + 1) == c
-                                      && (FPosition + 1 == FLength || CharAt(FPosition + 2) != c);
+                FEmptyStringPending = opening && CharAt(FPosition + 1) == c &&
+                                      (FPosition + 1 == FLength || CharAt(FPosition + 2) != c);
                 if (opening)
                     FQuoteStart = FPosition;
                 FTokenStart = FPosition;
@@ -529,7 +472,8 @@ TTokenKind TVdSQLScanner::ScanOne(std::string& result)
                 while (j <= FLength && Has(CharAt(j), ccDigit))
                     ++j;
                 const char after = CharAt(j);
-                if (j == FLength || (j <= FLength && (Has(after, ccSpace) || (Has(after, ccDelim) && after != '.')))) {
+                if (j == FLength || (j <= FLength && (Has(after, ccSpace) ||
+                                                      (Has(after, ccDelim) && after != '.')))) {
                     FPosition = j - 1;
                     return tkFloat;
                 }
@@ -543,8 +487,8 @@ TTokenKind TVdSQLScanner::ScanOne(std::string& result)
         if (result.empty())
             FTokenStart = FPosition;
         // Characters that end nothing are taken as a run.
-        const std::uint16_t stops = FInString ? (ccQuote | ccIdentQuote)
-                                              : (ccQuote | ccIdentQuote | ccDelim | ccSpace);
+        const std::uint16_t stops =
+            FInString ? (ccQuote | ccIdentQuote) : (ccQuote | ccIdentQuote | ccDelim | ccSpace);
         const char* text = FExpression.data();
         int end = FPosition + 1;
         while (end <= FLength && !Has(text[end - 1], stops))
@@ -670,7 +614,8 @@ bool TVdSQLScanner::NextIsDelim(char c)
                 p += 2;
             } else {
                 // A plain delimiter is a token of its own; anything else is looked at in full.
-                if (p > FLength || Has(ch, ccQuote | ccIdentQuote | ccComparison) || !Has(ch, ccDelim))
+                if (p > FLength || Has(ch, ccQuote | ccIdentQuote | ccComparison) ||
+                    !Has(ch, ccDelim))
                     break;
                 return ch == c;
             }

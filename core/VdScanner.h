@@ -67,7 +67,10 @@ public:
 
 protected:
     // 1-based access; 0 outside the text.
-    char CharAt(int p) const { return (p >= 1 && p <= FLength) ? FExpression[size_t(p - 1)] : '\0'; }
+    char CharAt(int p) const
+    {
+        return (p >= 1 && p <= FLength) ? FExpression[size_t(p - 1)] : '\0';
+    }
 
     std::string FExpression;
     int FPosition = 1;
@@ -178,7 +181,10 @@ private:
     };
     void EnsureCharClasses();
     void SkipBlankRun();
-    bool Has(char c, std::uint16_t cls) const { return FClasses[static_cast<unsigned char>(c)] & cls; }
+    bool Has(char c, std::uint16_t cls) const
+    {
+        return FClasses[static_cast<unsigned char>(c)] & cls;
+    }
     TTokenKind ScanOne(std::string& result);
     bool ScanDelimOrSpace(char c, std::string& result, TTokenKind& kind);
     TTokenKind ClassifyWord(const std::string& result) const;

@@ -21,7 +21,7 @@ std::string FormatWord(const std::string& word, TVdFormatMode mode)
         std::string result(word);
         for (size_t i = 0; i < result.size(); ++i)
             result[i] = (i == 0 || result[i - 1] == '_') ? text::UpperChar(result[i])
-                                                          : text::LowerChar(result[i]);
+                                                         : text::LowerChar(result[i]);
         return result;
     }
     default:

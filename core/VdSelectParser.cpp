@@ -83,10 +83,7 @@ TVdOperators& TVdSelectParser::Operators() const
     return *FOperators;
 }
 
-std::string TVdSelectParser::GetCommaAggregates() const
-{
-    return "SUM,MIN,MAX,AVG,COUNT";
-}
+std::string TVdSelectParser::GetCommaAggregates() const { return "SUM,MIN,MAX,AVG,COUNT"; }
 
 void TVdSelectParser::DefineAggregates()
 {
@@ -126,10 +123,7 @@ void TVdSelectParser::SetAggregates(const TVdWordList& words)
     FAggregates->Sort();
 }
 
-void TVdSelectParser::SetOperators(const TVdOperators& operators)
-{
-    Operators().Assign(operators);
-}
+void TVdSelectParser::SetOperators(const TVdOperators& operators) { Operators().Assign(operators); }
 
 void TVdSelectParser::SetScriptFormat(const TVdScriptFormat& format)
 {
@@ -138,19 +132,13 @@ void TVdSelectParser::SetScriptFormat(const TVdScriptFormat& format)
 
 bool TVdSelectParser::IsJoinDef(const std::string& word) const
 {
-    return text::SameText(word, "INNER") || text::SameText(word, "LEFT")
-           || text::SameText(word, "RIGHT") || text::SameText(word, "FULL");
+    return text::SameText(word, "INNER") || text::SameText(word, "LEFT") ||
+           text::SameText(word, "RIGHT") || text::SameText(word, "FULL");
 }
 
-bool TVdSelectParser::GetDistinct() const
-{
-    return FDistinct;
-}
+bool TVdSelectParser::GetDistinct() const { return FDistinct; }
 
-void TVdSelectParser::SetDistinct(bool value)
-{
-    FDistinct = value;
-}
+void TVdSelectParser::SetDistinct(bool value) { FDistinct = value; }
 
 std::string TVdSelectParser::ProcessKeyword(const std::string& word) const
 {
@@ -213,7 +201,8 @@ void TVdSelectParser::ProcessError(const std::string& token, int lineNo, int lin
     const int position = linePos - int(token.size());
     if (!OnError)
         throw EVdParserError(code, token, lineNo, position);
-    OnError(this, EVdParserError::MessageFor(code, token, lineNo, position), token, lineNo, position);
+    OnError(this, EVdParserError::MessageFor(code, token, lineNo, position), token, lineNo,
+            position);
 }
 
 // ---- the state machine ----
@@ -231,18 +220,42 @@ void TVdSelectParser::DoParse()
         RaiseIfUnterminated();
         while (FState != ssError && FState != ssEnd) {
             switch (FState) {
-            case ssBegin: DoParseBegin(); break;
-            case ssSelect: DoParseSelectClause(); break;
-            case ssFieldDefs: DoParseFieldDefs(); break;
-            case ssInto: DoParseIntoClause(); break;
-            case ssFrom: DoParseFromClause(); break;
-            case ssTableDefs: DoParseTableDefs(); break;
-            case ssWhere: DoParseWhereClause(); break;
-            case ssGroupBy: DoParseGroupByClause(); break;
-            case ssHaving: DoParseHavingClause(); break;
-            case ssOrderBy: DoParseOrderByClause(); break;
-            case ssAppendix: DoParseAppendix(); break;
-            default: FState = ssError; break;
+            case ssBegin:
+                DoParseBegin();
+                break;
+            case ssSelect:
+                DoParseSelectClause();
+                break;
+            case ssFieldDefs:
+                DoParseFieldDefs();
+                break;
+            case ssInto:
+                DoParseIntoClause();
+                break;
+            case ssFrom:
+                DoParseFromClause();
+                break;
+            case ssTableDefs:
+                DoParseTableDefs();
+                break;
+            case ssWhere:
+                DoParseWhereClause();
+                break;
+            case ssGroupBy:
+                DoParseGroupByClause();
+                break;
+            case ssHaving:
+                DoParseHavingClause();
+                break;
+            case ssOrderBy:
+                DoParseOrderByClause();
+                break;
+            case ssAppendix:
+                DoParseAppendix();
+                break;
+            default:
+                FState = ssError;
+                break;
             }
             if (FState == ssError)
                 break;
@@ -264,10 +277,7 @@ void TVdSelectParser::DoParse()
         ProcessError(Token(), Scanner().LineNo(), Scanner().LinePos());
 }
 
-void TVdSelectParser::DoParseBegin()
-{
-    FState = IsKeywordToken("SELECT") ? ssSelect : ssError;
-}
+void TVdSelectParser::DoParseBegin() { FState = IsKeywordToken("SELECT") ? ssSelect : ssError; }
 
 void TVdSelectParser::DoParseSelectClause()
 {
@@ -277,16 +287,13 @@ void TVdSelectParser::DoParseSelectClause()
         Next();
     const TTokenKind kind = Kind();
     const bool star = !Scanner().TokenQuoted() && Token() == "*";
-    FState = (star || kind == tkFunction || kind == tkInteger || kind == tkFloat || kind == tkString
-              || kind == tkIdent || kind == tkIdentString)
+    FState = (star || kind == tkFunction || kind == tkInteger || kind == tkFloat ||
+              kind == tkString || kind == tkIdent || kind == tkIdentString)
                  ? ssFieldDefs
                  : ssError;
 }
 
-void TVdSelectParser::DoParseIntoClause()
-{
-    FState = ssError;
-}
+void TVdSelectParser::DoParseIntoClause() { FState = ssError; }
 
 void TVdSelectParser::DoParseFieldDefs()
 {
@@ -475,10 +482,7 @@ void TVdSelectParser::DoParseOrderByClause()
     FState = Kind() == tkEnd ? ssEnd : ssAppendix;
 }
 
-void TVdSelectParser::DoParseAppendix()
-{
-    FState = ssError;
-}
+void TVdSelectParser::DoParseAppendix() { FState = ssError; }
 
 // GROUP BY and ORDER BY items: names, continued across "." ("T"."A" is the item T.A).
 void TVdSelectParser::CollectNames(bool ordered)
@@ -495,8 +499,8 @@ void TVdSelectParser::CollectNames(bool ordered)
     for (;;) {
         const bool quoted = Scanner().TokenQuoted();
         const bool keyword = Kind() == tkKeyword && !quoted;
-        if (ordered && keyword && !name.empty() && !expectPart
-            && (IsWord("ASC") || IsWord("DESC"))) {
+        if (ordered && keyword && !name.empty() && !expectPart &&
+            (IsWord("ASC") || IsWord("DESC"))) {
             flush(IsWord("DESC") ? okDesc : okAsc);
             Next();
             if (IsDelimToken(',')) {
@@ -584,20 +588,17 @@ bool TVdSelectParser::PeekIs(const char* word)
 bool TVdSelectParser::IsNameKind() const
 {
     const TTokenKind kind = Kind();
-    return kind == tkIdent || kind == tkIdentString || kind == tkString
-           || (Scanner().TokenQuoted() && kind != tkEnd);
+    return kind == tkIdent || kind == tkIdentString || kind == tkString ||
+           (Scanner().TokenQuoted() && kind != tkEnd);
 }
 
-bool TVdSelectParser::IsAliasToken() const
-{
-    return IsNameKind() && !Token().empty();
-}
+bool TVdSelectParser::IsAliasToken() const { return IsNameKind() && !Token().empty(); }
 
 bool TVdSelectParser::IsOperandKind() const
 {
     const TTokenKind kind = Kind();
-    return kind == tkFunction || kind == tkInteger || kind == tkFloat || kind == tkString
-           || kind == tkIdent || kind == tkIdentString || (Scanner().TokenQuoted() && kind != tkEnd);
+    return kind == tkFunction || kind == tkInteger || kind == tkFloat || kind == tkString ||
+           kind == tkIdent || kind == tkIdentString || (Scanner().TokenQuoted() && kind != tkEnd);
 }
 
 } // namespace vd

@@ -87,9 +87,8 @@ public:
     // Reads one expression into node, from the current token up to a token of a stop kind,
     // the stop word, a "," or ")" outside the expression's own parentheses, or the end.
     // table receives the table a qualifier names (select list only).
-    virtual void DoParseExpression(TVdFunctionDef& node, TVdTableDef*& table,
-                                   TTokenKinds stopKinds, const std::string& stopWord,
-                                   TVdExprContext context);
+    virtual void DoParseExpression(TVdFunctionDef& node, TVdTableDef*& table, TTokenKinds stopKinds,
+                                   const std::string& stopWord, TVdExprContext context);
     virtual void ProcessError(const std::string& token, int lineNo, int linePos);
     virtual bool GetDistinct() const;
     virtual void SetDistinct(bool value);
@@ -131,7 +130,6 @@ public:
     // How deep function calls and parenthesised groups may nest in one statement; deeper text is
     // refused at the "(" that goes too deep, so that no tree is too deep to print, copy or free.
     static constexpr int MaxNesting = 256;
-
 
 protected:
     // Token helpers over the scanner.
@@ -199,7 +197,8 @@ private:
         std::string Alias;
     };
     std::vector<TUnqualified> FUnqualified;
-    void CopyField(const TVdFieldDef& field, bool hasAlias, const std::string& alias, TVdTableDef& target);
+    void CopyField(const TVdFieldDef& field, bool hasAlias, const std::string& alias,
+                   TVdTableDef& target);
 };
 
 } // namespace vd

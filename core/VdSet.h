@@ -7,8 +7,7 @@ namespace vd {
 
 // A set over a small enumeration (at most 64 values), one bit per value: TTokenKinds is
 // TVdSet<TTokenKind>.
-template <class Enum>
-class TVdSet
+template <class Enum> class TVdSet
 {
 public:
     constexpr TVdSet() = default;

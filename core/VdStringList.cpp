@@ -39,10 +39,7 @@ void TVdStringList::Delete(int index)
         FLines.erase(FLines.begin() + index);
 }
 
-void TVdStringList::Clear()
-{
-    FLines.clear();
-}
+void TVdStringList::Clear() { FLines.clear(); }
 
 namespace {
 
@@ -94,8 +91,8 @@ void TVdGroupByItems::Rebuild()
         return;
     std::string qualified;
     for (const TVdFieldDef* field : fields) {
-        if (!field || field->IsInputParam() || field->Kind() != fkIdentifier
-            || parser->Aggregates().Contains(field->Name()))
+        if (!field || field->IsInputParam() || field->Kind() != fkIdentifier ||
+            parser->Aggregates().Contains(field->Name()))
             continue;
         const TVdTableDef* table = field->Table();
         qualified.clear();
@@ -114,10 +111,7 @@ std::string TVdGroupByItems::GetScript()
     return ClauseScript("GROUP", "BY", FLines);
 }
 
-int TVdOrderByItems::Add(const std::string& line)
-{
-    return AddOrdered(line, okAsc);
-}
+int TVdOrderByItems::Add(const std::string& line) { return AddOrdered(line, okAsc); }
 
 int TVdOrderByItems::AddOrdered(const std::string& line, TVdOrderKind kind)
 {
@@ -147,10 +141,7 @@ void TVdOrderByItems::Assign(const TVdOrderByItems& source)
     FOrders = source.FOrders;
 }
 
-TVdOrderKind TVdOrderByItems::Orders(int index) const
-{
-    return FOrders.at(size_t(index));
-}
+TVdOrderKind TVdOrderByItems::Orders(int index) const { return FOrders.at(size_t(index)); }
 
 void TVdOrderByItems::SetOrders(int index, TVdOrderKind kind)
 {

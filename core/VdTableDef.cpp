@@ -190,10 +190,7 @@ TVdTableDefs::TVdTableDefs()
 {
 }
 
-TVdTableDefs::~TVdTableDefs()
-{
-    Clear();
-}
+TVdTableDefs::~TVdTableDefs() { Clear(); }
 
 void TVdTableDefs::LookupInsert(TLookup& lookup, const std::string& key, TVdTableDef* table)
 {
@@ -319,8 +316,7 @@ namespace {
 
 // A set kept in place while it is small, as it is for almost every statement (a few tables,
 // a few joins); past that a hash set keeps printing linear.
-template <class T>
-class TSmallSet
+template <class T> class TSmallSet
 {
 public:
     bool Contains(const T& value) const
@@ -473,7 +469,8 @@ void TVdTableDefs::CountAlias(const std::string& alias, int delta)
         return;
     FAliasCount.erase(it);
     // A freed name1, name2, ... may be the lowest free counter of name again.
-    for (size_t i = alias.size(); i > 0 && std::isdigit(static_cast<unsigned char>(alias[i - 1])); --i)
+    for (size_t i = alias.size(); i > 0 && std::isdigit(static_cast<unsigned char>(alias[i - 1]));
+         --i)
         FCounterHint.erase(alias.substr(0, i - 1));
 }
 
@@ -540,7 +537,8 @@ void TVdTableDefs::DecrementIndexes(std::vector<int> removed, const TVdTableDef*
         for (int f = 0; f < fields.Count(); ++f) {
             TVdFieldDef* field = fields.Items(f);
             const int index = field->FieldIndex();
-            const auto below = std::lower_bound(removed.begin(), removed.end(), index) - removed.begin();
+            const auto below =
+                std::lower_bound(removed.begin(), removed.end(), index) - removed.begin();
             if (below > 0)
                 field->SetFieldIndex(index - int(below));
         }
@@ -566,7 +564,8 @@ void TVdTableDefs::UpdateJoins()
             const TVdJoinDef* join = joins.Items(j);
             const TVdTableDef* joined = FindByAliasOrName(join->JoinTable);
             const TVdFieldDefs* fields = joined ? &joined->FieldDefs() : nullptr;
-            if (!fields || (!fields->FindByAlias(join->JoinField) && !fields->FindByName(join->JoinField)))
+            if (!fields ||
+                (!fields->FindByAlias(join->JoinField) && !fields->FindByName(join->JoinField)))
                 joins.Delete(j);
         }
     }
@@ -582,10 +581,12 @@ void TVdTableDefs::UpdateFieldAliases()
         for (int f = 0; f < fields.Count(); ++f) {
             TVdFieldDef* field = fields.Items(f);
             auto it = aliases.find(field->Name());
-            const int others = (it == aliases.end() ? 0 : it->second) - (field->Alias() == field->Name() ? 1 : 0);
+            const int others =
+                (it == aliases.end() ? 0 : it->second) - (field->Alias() == field->Name() ? 1 : 0);
             if (others <= 0)
                 continue;
-            const std::string alias = GetUniqueAlias(field->Kind() == fkIdentifier ? field->Name() : "FIELD_", true);
+            const std::string alias =
+                GetUniqueAlias(field->Kind() == fkIdentifier ? field->Name() : "FIELD_", true);
             --aliases[field->Alias()];
             ++aliases[alias];
             field->SetAlias(alias);

@@ -7,15 +7,9 @@
 // Small ASCII text helpers shared by the scanner, the model and the parser.
 namespace vd::text {
 
-inline char UpperChar(char c)
-{
-    return (c >= 'a' && c <= 'z') ? char(c - 'a' + 'A') : c;
-}
+inline char UpperChar(char c) { return (c >= 'a' && c <= 'z') ? char(c - 'a' + 'A') : c; }
 
-inline char LowerChar(char c)
-{
-    return (c >= 'A' && c <= 'Z') ? char(c - 'A' + 'a') : c;
-}
+inline char LowerChar(char c) { return (c >= 'A' && c <= 'Z') ? char(c - 'A' + 'a') : c; }
 
 std::string Upper(std::string_view s);
 std::string Lower(std::string_view s);

@@ -73,10 +73,7 @@ bool TVdWordList::TNoCaseEqual::operator()(std::string_view a, std::string_view 
 
 namespace {
 
-inline unsigned FilterRow(char c)
-{
-    return static_cast<unsigned char>(text::UpperChar(c)) & 63u;
-}
+inline unsigned FilterRow(char c) { return static_cast<unsigned char>(text::UpperChar(c)) & 63u; }
 
 inline std::uint64_t FilterBit(size_t length)
 {
@@ -112,7 +109,8 @@ int TVdWordList::IndexOf(std::string_view word) const
     if (word.empty())
         return IndexOfEmpty();
     const unsigned row = FilterRow(word[0]);
-    if (!(FFilter[row] & FilterBit(word.size())) || !(FEnds[row] & (std::uint64_t(1) << FilterRow(word.back()))))
+    if (!(FFilter[row] & FilterBit(word.size())) ||
+        !(FEnds[row] & (std::uint64_t(1) << FilterRow(word.back()))))
         return -1;
     auto it = FIndex.find(word);
     return it == FIndex.end() ? -1 : it->second;
