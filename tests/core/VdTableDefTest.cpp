@@ -1,0 +1,558 @@
+// Tables, joins and the table collection built through the model's API.
+
+#include "tests/core/ModelCheck.h"
+
+#include "core/VdSelectParser.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+#include <vector>
+
+using namespace vd;
+using vdcheck::AddArg;
+using vdcheck::AddField;
+using vdcheck::AddJoin;
+using vdcheck::AddTable;
+using vdcheck::CheckModel;
+
+#define EXPECT_MODEL_OK(parser) EXPECT_TRUE(CheckModel(parser))
+
+TEST(VdTableDef, SetNameCarriesAFollowingAliasAlong)
+{
+    TVdSelectParser p;
+    TVdTableDef* t = p.TableDefs().Add();
+    t->SetName("ORDERS");
+    EXPECT_MODEL_OK(p);
+    EXPECT_EQ(t->Alias(), "ORDERS");
+    t->SetName("SALES");
+    EXPECT_EQ(t->Alias(), "SALES");
+    t->SetAlias("S");
+    t->SetName("ORDERS");
+    EXPECT_MODEL_OK(p);
+    EXPECT_EQ(t->Name(), "ORDERS");
+    EXPECT_EQ(t->Alias(), "S");
+}
+
+TEST(VdTableDef, SetAliasRenamesJoinsThatNamedTheOldAlias)
+{
+    TVdSelectParser p;
+    TVdTableDef* o = AddTable(p, "ORDERS", "O");
+    TVdTableDef* c = AddTable(p, "CUSTOMERS", "C");
+    TVdTableDef* e = AddTable(p, "EMPLOYEES", "E");
+    TVdJoinDef* oc = AddJoin(*o, "CUST_ID", "C", "ID");
+    TVdJoinDef* oe = AddJoin(*o, "EMP_ID", "E", "ID");
+    TVdJoinDef* ec = AddJoin(*e, "HOME_ID", "C", "ID");
+    EXPECT_MODEL_OK(p);
+    c->SetAlias("K");
+    EXPECT_MODEL_OK(p);
+    EXPECT_EQ(c->Alias(), "K");
+    EXPECT_EQ(oc->JoinTable, "K");
+    EXPECT_EQ(ec->JoinTable, "K");
+    EXPECT_EQ(oe->JoinTable, "E");
+    EXPECT_TRUE(p.TableDefs().IsTableJoined(*c));
+    EXPECT_EQ(oc->GetScript(), "INNER JOIN \"CUSTOMERS\" K ON (\"O\".\"CUST_ID\" = \"K\".\"ID\")");
+}
+
+TEST(VdTableDef, UpdateTableAliasRenamesJoinsOnly)
+{
+    TVdSelectParser p;
+    TVdTableDef* o = AddTable(p, "ORDERS", "O");
+    TVdTableDef* c = AddTable(p, "CUSTOMERS", "C");
+    TVdJoinDef* j = AddJoin(*o, "CUST_ID", "C", "ID");
+    p.TableDefs().UpdateTableAlias("C", "X");
+    EXPECT_MODEL_OK(p);
+    EXPECT_EQ(j->JoinTable, "X");
+    EXPECT_EQ(c->Alias(), "C");
+    p.TableDefs().UpdateTableAlias("c", "Y"); // exact comparison
+    EXPECT_EQ(j->JoinTable, "X");
+}
+
+TEST(VdTableDef, FindByNameAndAliasAreExactFirstMatch)
+{
+    TVdSelectParser p;
+    TVdTableDefs& tables = p.TableDefs();
+    TVdTableDef* a = AddTable(p, "T", "A");
+    TVdTableDef* b = AddTable(p, "T", "B");
+    TVdTableDef* b2 = AddTable(p, "U", "B");
+    EXPECT_MODEL_OK(p);
+    EXPECT_EQ(tables.FindByName("T"), a);
+    EXPECT_EQ(tables.FindByName("t"), nullptr);
+    EXPECT_EQ(tables.FindByAlias("B"), b);
+    EXPECT_EQ(tables.FindByAlias("b"), nullptr);
+    EXPECT_EQ(tables.FindByName("U"), b2);
+    EXPECT_EQ(tables.FindByAlias("T"), nullptr);
+    // The lookups follow renames, deletions and insertions.
+    a->SetAlias("X");
+    EXPECT_EQ(tables.FindByAlias("A"), nullptr);
+    EXPECT_EQ(tables.FindByAlias("X"), a);
+    b->SetName("V");
+    EXPECT_EQ(tables.FindByName("V"), b);
+    EXPECT_EQ(tables.FindByName("T"), a);
+    tables.Delete(0);
+    EXPECT_MODEL_OK(p);
+    EXPECT_EQ(tables.FindByName("T"), nullptr);
+    EXPECT_EQ(tables.FindByAlias("X"), nullptr);
+    EXPECT_EQ(tables.FindByAlias("B"), b);
+    TVdTableDef* first = tables.Insert(0);
+    first->SetName("U");
+    first->SetAlias("B");
+    EXPECT_MODEL_OK(p);
+    EXPECT_EQ(tables.FindByName("U"), first);
+    EXPECT_EQ(tables.FindByAlias("B"), first);
+}
+
+TEST(VdTableDef, ScriptIsNameAndDifferingAlias)
+{
+    TVdSelectParser p;
+    TVdTableDef* t = AddTable(p, "ORDERS", "O");
+    EXPECT_EQ(t->GetScript(), "  \"ORDERS\" O");
+    t->SetAlias("ORDERS");
+    EXPECT_EQ(t->GetScript(), "  \"ORDERS\"");
+    t->SetAlias("");
+    EXPECT_EQ(t->GetScript(), "  \"ORDERS\"");
+    t->SetAlias("my orders");
+    EXPECT_EQ(t->GetScript(), "  \"ORDERS\" my orders");
+    EXPECT_MODEL_OK(p);
+}
+
+TEST(VdTableDef, StoredProcedureListsItsInputParameters)
+{
+    TVdSelectParser p;
+    TVdTableDef* sp = AddTable(p, "GET_ITEMS", "G");
+    sp->SetTableType(qttStoredProc);
+    AddField(*sp, "A")->SetParamType(ptInput);
+    AddField(*sp, "X");
+    AddField(*sp, "B")->SetParamType(ptInputOutput);
+    EXPECT_MODEL_OK(p);
+    EXPECT_EQ(sp->GetParamsText(), ":A, :B");
+    EXPECT_EQ(sp->GetScript(), "  \"GET_ITEMS\"(:A, :B) G");
+    sp->SetAlias("GET_ITEMS");
+    EXPECT_EQ(sp->GetScript(), "  \"GET_ITEMS\"(:A, :B)");
+}
+
+TEST(VdTableDef, StoredProcedureWithoutInputParametersHasNoList)
+{
+    TVdSelectParser p;
+    TVdTableDef* sp = AddTable(p, "GET_ITEMS", "G");
+    sp->SetTableType(qttStoredProc);
+    AddField(*sp, "X");
+    EXPECT_MODEL_OK(p);
+    EXPECT_EQ(sp->GetScript(), "  \"GET_ITEMS\" G");
+}
+
+TEST(VdTableDef, PlainTableNeverPrintsAParameterList)
+{
+    TVdSelectParser p;
+    TVdTableDef* t = AddTable(p, "T");
+    AddField(*t, "A")->SetParamType(ptInput);
+    EXPECT_MODEL_OK(p);
+    EXPECT_EQ(t->GetScript(), "  \"T\"");
+}
+
+TEST(VdTableDef, ScriptAppendsJoinsAndTheJoinedTablesJoins)
+{
+    TVdSelectParser p;
+    TVdTableDef* o = AddTable(p, "ORDERS", "O");
+    TVdTableDef* c = AddTable(p, "CUSTOMERS", "C");
+    TVdTableDef* a = AddTable(p, "ADDRESSES", "A");
+    AddJoin(*o, "CUST_ID", "C", "ID");
+    AddJoin(*c, "ADDR_ID", "A", "ID", vdjLOuterJoin);
+    EXPECT_MODEL_OK(p);
+    EXPECT_EQ(a->GetScript(), "  \"ADDRESSES\" A");
+    EXPECT_EQ(c->GetScript(),
+              "  \"CUSTOMERS\" C \r\n"
+              "  LEFT OUTER JOIN \"ADDRESSES\" A ON (\"C\".\"ADDR_ID\" = \"A\".\"ID\")");
+    EXPECT_EQ(o->GetScript(),
+              "  \"ORDERS\" O \r\n"
+              "  INNER JOIN \"CUSTOMERS\" C ON (\"O\".\"CUST_ID\" = \"C\".\"ID\") \r\n"
+              "  LEFT OUTER JOIN \"ADDRESSES\" A ON (\"C\".\"ADDR_ID\" = \"A\".\"ID\")");
+}
+
+TEST(VdTableDef, JoinedTablesJoinsFollowAfterAllOwnJoins)
+{
+    TVdSelectParser p;
+    TVdTableDef* o = AddTable(p, "ORDERS", "O");
+    TVdTableDef* c = AddTable(p, "CUSTOMERS", "C");
+    AddTable(p, "EMPLOYEES", "E");
+    AddTable(p, "ADDRESSES", "A");
+    AddJoin(*o, "CUST_ID", "C", "ID");
+    AddJoin(*o, "EMP_ID", "E", "ID", vdjROuterJoin);
+    AddJoin(*c, "ADDR_ID", "A", "ID", vdjFOuterJoin);
+    EXPECT_MODEL_OK(p);
+    EXPECT_EQ(o->GetScript(),
+              "  \"ORDERS\" O \r\n"
+              "  INNER JOIN \"CUSTOMERS\" C ON (\"O\".\"CUST_ID\" = \"C\".\"ID\")\r\n"
+              "  RIGHT OUTER JOIN \"EMPLOYEES\" E ON (\"O\".\"EMP_ID\" = \"E\".\"ID\") \r\n"
+              "  FULL OUTER JOIN \"ADDRESSES\" A ON (\"C\".\"ADDR_ID\" = \"A\".\"ID\")");
+}
+
+TEST(VdTableDef, TableOutsideACollectionPrintsWithoutJoins)
+{
+    TVdTableDef lone;
+    lone.SetName("T");
+    EXPECT_EQ(lone.Alias(), "T");
+    AddJoin(lone, "A", "U", "B");
+    EXPECT_EQ(lone.GetScript(), "  T");
+    EXPECT_EQ(lone.JoinDefs().Items(0)->GetScript(), "");
+}
+
+// ---- joins ----
+
+TEST(VdJoinDef, ScriptOfEachKind)
+{
+    struct Row {
+        TVdJoinKind Kind;
+        const char* Words;
+    };
+    const std::vector<Row> rows = {{vdjInnerJoin, "INNER"},
+                                   {vdjLOuterJoin, "LEFT OUTER"},
+                                   {vdjROuterJoin, "RIGHT OUTER"},
+                                   {vdjFOuterJoin, "FULL OUTER"}};
+    for (const Row& row : rows) {
+        TVdSelectParser p;
+        TVdTableDef* o = AddTable(p, "ORDERS", "O");
+        AddTable(p, "CUSTOMERS", "C");
+        TVdJoinDef* j = AddJoin(*o, "CUST_ID", "C", "ID", row.Kind);
+        EXPECT_MODEL_OK(p);
+        EXPECT_EQ(j->GetScript(),
+                  std::string(row.Words) +
+                      " JOIN \"CUSTOMERS\" C ON (\"O\".\"CUST_ID\" = \"C\".\"ID\")");
+    }
+}
+
+TEST(VdJoinDef, DefaultsAreInnerAndEquals)
+{
+    TVdJoinDef j;
+    EXPECT_EQ(j.Operation, "=");
+    EXPECT_EQ(j.JoinKind, vdjInnerJoin);
+    EXPECT_EQ(j.FieldName, "");
+    EXPECT_EQ(j.JoinTable, "");
+    EXPECT_EQ(j.JoinField, "");
+}
+
+TEST(VdJoinDef, OperationIsPrintedAsGiven)
+{
+    TVdSelectParser p;
+    TVdTableDef* o = AddTable(p, "ORDERS", "O");
+    AddTable(p, "CUSTOMERS", "C");
+    TVdJoinDef* j = AddJoin(*o, "CUST_ID", "C", "ID", vdjInnerJoin, ">=");
+    EXPECT_EQ(j->GetScript(), "INNER JOIN \"CUSTOMERS\" C ON (\"O\".\"CUST_ID\" >= \"C\".\"ID\")");
+}
+
+TEST(VdJoinDef, KeywordsFollowTheFormatAndKindWordsAreOneKeyword)
+{
+    TVdSelectParser p;
+    TVdTableDef* o = AddTable(p, "ORDERS", "O");
+    AddTable(p, "CUSTOMERS", "C");
+    TVdJoinDef* j = AddJoin(*o, "CUST_ID", "C", "ID", vdjLOuterJoin);
+    p.ScriptFormat().KeywordsFormat = qfmLowerCase;
+    EXPECT_EQ(j->GetScript(),
+              "left outer join \"CUSTOMERS\" C on (\"O\".\"CUST_ID\" = \"C\".\"ID\")");
+    p.ScriptFormat().KeywordsFormat = qfmFirstUpper;
+    EXPECT_EQ(j->GetScript(),
+              "Left outer Join \"CUSTOMERS\" C On (\"O\".\"CUST_ID\" = \"C\".\"ID\")");
+}
+
+TEST(VdJoinDef, JoinedTableIsFoundByNameToo)
+{
+    TVdSelectParser p;
+    TVdTableDef* o = AddTable(p, "ORDERS", "O");
+    AddTable(p, "CUSTOMERS", "C");
+    TVdJoinDef* j = AddJoin(*o, "CUST_ID", "CUSTOMERS", "ID");
+    EXPECT_EQ(j->GetScript(), "INNER JOIN \"CUSTOMERS\" C ON (\"O\".\"CUST_ID\" = \"C\".\"ID\")");
+}
+
+TEST(VdJoinDef, OwnerWithoutAliasIsNamedByItsName)
+{
+    TVdSelectParser p;
+    TVdTableDef* o = AddTable(p, "ORDERS");
+    o->SetAlias("");
+    AddTable(p, "CUSTOMERS");
+    TVdJoinDef* j = AddJoin(*o, "CUST_ID", "CUSTOMERS", "ID");
+    EXPECT_EQ(j->GetScript(),
+              "INNER JOIN \"CUSTOMERS\" ON (\"ORDERS\".\"CUST_ID\" = \"CUSTOMERS\".\"ID\")");
+}
+
+TEST(VdJoinDef, JoinToStoredProcedurePrintsItsParameters)
+{
+    TVdSelectParser p;
+    TVdTableDef* o = AddTable(p, "ORDERS", "O");
+    TVdTableDef* sp = AddTable(p, "GET_ITEMS", "G");
+    sp->SetTableType(qttStoredProc);
+    AddField(*sp, "ORDER_ID")->SetParamType(ptInput);
+    AddField(*sp, "KIND")->SetParamType(ptInput);
+    AddField(*sp, "ITEM_ORDER");
+    TVdJoinDef* j = AddJoin(*o, "ID", "G", "ITEM_ORDER");
+    EXPECT_MODEL_OK(p);
+    EXPECT_EQ(j->GetScript(), "INNER JOIN \"GET_ITEMS\"(:ORDER_ID, :KIND) G ON "
+                              "(\"O\".\"ID\" = \"G\".\"ITEM_ORDER\")");
+}
+
+TEST(VdJoinDef, IncompleteJoinPrintsNothing)
+{
+    TVdSelectParser p;
+    TVdTableDef* o = AddTable(p, "ORDERS", "O");
+    AddTable(p, "CUSTOMERS", "C");
+    TVdJoinDef* j = AddJoin(*o, "CUST_ID", "C", "ID");
+    ASSERT_NE(j->GetScript(), "");
+    j->FieldName = "";
+    EXPECT_EQ(j->GetScript(), "");
+    j->FieldName = "CUST_ID";
+    j->JoinField = " \t ";
+    EXPECT_EQ(j->GetScript(), "");
+    j->JoinField = "ID";
+    j->JoinTable = "";
+    EXPECT_EQ(j->GetScript(), "");
+    j->JoinTable = "Z";
+    EXPECT_EQ(j->GetScript(), "");
+    TVdJoinDefs ownerless(nullptr);
+    TVdJoinDef* k = ownerless.Add();
+    k->FieldName = "A";
+    k->JoinTable = "C";
+    k->JoinField = "B";
+    EXPECT_EQ(k->GetTableDef(), nullptr);
+    EXPECT_EQ(k->GetScript(), "");
+}
+
+TEST(VdJoinDef, JoinToRemovedTablePrintsNothingAndUpdateJoinsDeletesIt)
+{
+    TVdSelectParser p;
+    TVdTableDef* o = AddTable(p, "ORDERS", "O");
+    TVdTableDef* c = AddTable(p, "CUSTOMERS", "C");
+    AddField(*c, "ID");
+    TVdJoinDef* j = AddJoin(*o, "CUST_ID", "C", "ID");
+    EXPECT_MODEL_OK(p);
+    ASSERT_NE(j->GetScript(), "");
+    p.TableDefs().Delete(1);
+    EXPECT_MODEL_OK(p);
+    EXPECT_EQ(j->GetScript(), "");
+    p.TableDefs().UpdateJoins();
+    EXPECT_MODEL_OK(p);
+    EXPECT_EQ(o->JoinDefs().Count(), 0);
+    EXPECT_EQ(o->GetScript(), "  \"ORDERS\" O");
+}
+
+TEST(VdJoinDef, UpdateJoinsKeepsJoinsWhoseTableAndFieldExist)
+{
+    TVdSelectParser p;
+    TVdTableDef* o = AddTable(p, "ORDERS", "O");
+    TVdTableDef* c = AddTable(p, "CUSTOMERS", "C");
+    AddField(*c, "ID")->SetAlias("CID");
+    AddField(*c, "CODE");
+    AddJoin(*o, "A", "C", "ID");           // field by name
+    AddJoin(*o, "B", "C", "CID");          // field by alias
+    AddJoin(*o, "C", "CUSTOMERS", "CODE"); // table by name
+    AddJoin(*o, "D", "C", "NOPE");         // field missing
+    AddJoin(*o, "E", "X", "ID");           // table missing
+    AddJoin(*o, "F", "C", "id");           // exact comparison
+    EXPECT_MODEL_OK(p);
+    p.TableDefs().UpdateJoins();
+    EXPECT_MODEL_OK(p);
+    ASSERT_EQ(o->JoinDefs().Count(), 3);
+    EXPECT_EQ(o->JoinDefs().Items(0)->FieldName, "A");
+    EXPECT_EQ(o->JoinDefs().Items(1)->FieldName, "B");
+    EXPECT_EQ(o->JoinDefs().Items(2)->FieldName, "C");
+}
+
+TEST(VdJoinDef, JoinListScriptStartsEveryJoinOnANewLine)
+{
+    TVdSelectParser p;
+    TVdTableDef* o = AddTable(p, "ORDERS", "O");
+    AddTable(p, "CUSTOMERS", "C");
+    AddTable(p, "EMPLOYEES", "E");
+    AddJoin(*o, "CUST_ID", "C", "ID");
+    AddJoin(*o, "EMP_ID", "E", "ID", vdjFOuterJoin);
+    EXPECT_EQ(o->JoinDefs().GetScript(),
+              "\r\n  INNER JOIN \"CUSTOMERS\" C ON (\"O\".\"CUST_ID\" = \"C\".\"ID\")"
+              "\r\n  FULL OUTER JOIN \"EMPLOYEES\" E ON (\"O\".\"EMP_ID\" = \"E\".\"ID\")");
+}
+
+TEST(VdJoinDef, FindMatchesAllThreeExactly)
+{
+    TVdSelectParser p;
+    TVdTableDef* o = AddTable(p, "ORDERS", "O");
+    TVdJoinDef* j1 = AddJoin(*o, "A", "C", "B");
+    TVdJoinDef* j2 = AddJoin(*o, "A", "C", "X");
+    EXPECT_EQ(o->JoinDefs().Find("A", "C", "B"), j1);
+    EXPECT_EQ(o->JoinDefs().Find("A", "C", "X"), j2);
+    EXPECT_EQ(o->JoinDefs().Find("a", "C", "B"), nullptr);
+    EXPECT_EQ(o->JoinDefs().Find("A", "D", "B"), nullptr);
+    EXPECT_EQ(o->JoinDefs().Find("A", "C", "Y"), nullptr);
+}
+
+TEST(VdJoinDef, AssignCopiesAllFields)
+{
+    TVdJoinDef src;
+    src.Operation = "<>";
+    src.JoinKind = vdjROuterJoin;
+    src.JoinField = "JF";
+    src.JoinTable = "JT";
+    src.FieldName = "FN";
+    TVdJoinDef dst;
+    dst.Assign(src);
+    EXPECT_EQ(dst.Operation, "<>");
+    EXPECT_EQ(dst.JoinKind, vdjROuterJoin);
+    EXPECT_EQ(dst.JoinField, "JF");
+    EXPECT_EQ(dst.JoinTable, "JT");
+    EXPECT_EQ(dst.FieldName, "FN");
+}
+
+TEST(VdJoinDef, IsTableJoinedComparesTheAlias)
+{
+    TVdSelectParser p;
+    TVdTableDef* o = AddTable(p, "ORDERS", "O");
+    TVdTableDef* c = AddTable(p, "CUSTOMERS", "C");
+    TVdTableDef* e = AddTable(p, "EMPLOYEES", "E");
+    AddJoin(*o, "CUST_ID", "C", "ID");
+    AddJoin(*o, "EMP_ID", "EMPLOYEES", "ID");
+    EXPECT_MODEL_OK(p);
+    EXPECT_FALSE(p.TableDefs().IsTableJoined(*o));
+    EXPECT_TRUE(p.TableDefs().IsTableJoined(*c));
+    EXPECT_FALSE(p.TableDefs().IsTableJoined(*e));
+}
+
+// ---- select list and FROM ----
+
+TEST(VdTableDefs, NoTablesGiveNoText)
+{
+    TVdSelectParser p;
+    std::string selectList = "x";
+    EXPECT_EQ(p.TableDefs().GetScript(selectList), "");
+    EXPECT_EQ(selectList, "");
+    EXPECT_EQ(p.GetExpression(), "");
+}
+
+TEST(VdTableDefs, TablesWithoutTickedFieldsSelectStar)
+{
+    TVdSelectParser p;
+    AddTable(p, "ORDERS", "O");
+    AddTable(p, "CUSTOMERS", "C");
+    EXPECT_MODEL_OK(p);
+    std::string selectList;
+    EXPECT_EQ(p.TableDefs().GetScript(selectList), vdcheck::Crlf({
+                                                       "*",
+                                                       "FROM",
+                                                       R"(  "ORDERS" O,)",
+                                                       R"(  "CUSTOMERS" C)",
+                                                       "",
+                                                   }));
+    EXPECT_EQ(selectList, "*");
+    EXPECT_EQ(p.GetExpression(), "SELECT *\r\nFROM\r\n  \"ORDERS\" O,\r\n  \"CUSTOMERS\" C\r\n");
+}
+
+TEST(VdTableDefs, SelectListAndFrom)
+{
+    TVdSelectParser p;
+    TVdTableDef* o = AddTable(p, "ORDERS", "O");
+    TVdTableDef* c = AddTable(p, "CUSTOMERS", "C");
+    AddField(*o, "ID");
+    AddField(*c, "NAME")->SetAlias("CUSTOMER");
+    AddField(*o, "TOTAL");
+    EXPECT_MODEL_OK(p);
+    std::string selectList;
+    const std::string text = p.TableDefs().GetScript(selectList);
+    EXPECT_EQ(selectList,
+              "\r\n  \"O\".\"ID\",\r\n  \"C\".\"NAME\" AS CUSTOMER,\r\n  \"O\".\"TOTAL\"");
+    EXPECT_EQ(text, vdcheck::Crlf({
+                        "",
+                        R"(  "O"."ID",)",
+                        R"(  "C"."NAME" AS CUSTOMER,)",
+                        R"(  "O"."TOTAL")",
+                        "FROM",
+                        R"(  "ORDERS" O,)",
+                        R"(  "CUSTOMERS" C)",
+                        "",
+                    }));
+}
+
+TEST(VdTableDefs, JoinedTablesAreLeftOutOfTheTableList)
+{
+    TVdSelectParser p;
+    TVdTableDef* o = AddTable(p, "ORDERS", "O");
+    TVdTableDef* c = AddTable(p, "CUSTOMERS", "C");
+    AddTable(p, "ITEMS", "I");
+    AddField(*c, "NAME");
+    AddJoin(*o, "CUST_ID", "C", "ID");
+    EXPECT_MODEL_OK(p);
+    EXPECT_EQ(p.TableDefs().GetScript(),
+              vdcheck::Crlf({
+                  "",
+                  R"(  "C"."NAME")",
+                  "FROM",
+                  R"(  "ORDERS" O )",
+                  R"(  INNER JOIN "CUSTOMERS" C ON ("O"."CUST_ID" = "C"."ID"),)",
+                  R"(  "ITEMS" I)",
+                  "",
+              }));
+}
+
+TEST(VdTableDefs, TableJoinedByNameOnlyStaysInTheList)
+{
+    // A join naming the table by name still prints, but the table counts as joined only
+    // through its alias.
+    TVdSelectParser p;
+    TVdTableDef* o = AddTable(p, "ORDERS", "O");
+    AddTable(p, "CUSTOMERS", "C");
+    AddJoin(*o, "CUST_ID", "CUSTOMERS", "ID");
+    EXPECT_EQ(p.TableDefs().GetScript(),
+              vdcheck::Crlf({
+                  "*",
+                  "FROM",
+                  R"(  "ORDERS" O )",
+                  R"(  INNER JOIN "CUSTOMERS" C ON ("O"."CUST_ID" = "C"."ID"),)",
+                  R"(  "CUSTOMERS" C)",
+                  "",
+              }));
+}
+
+TEST(VdTableDefs, InputParametersAndEmptyFieldsAreNotInTheSelectList)
+{
+    TVdSelectParser p;
+    TVdTableDef* sp = AddTable(p, "GET_ITEMS", "G");
+    sp->SetTableType(qttStoredProc);
+    AddField(*sp, "A");
+    AddField(*sp, "P")->SetParamType(ptInput);
+    sp->FieldDefs().Add(); // a field with no text yet
+    AddField(*sp, "B");
+    AddField(*sp, "Q")->SetParamType(ptInput);
+    EXPECT_MODEL_OK(p);
+    std::string selectList;
+    EXPECT_EQ(p.TableDefs().GetScript(selectList), vdcheck::Crlf({
+                                                       "",
+                                                       R"(  "G"."A",)",
+                                                       R"(  "G"."B")",
+                                                       "FROM",
+                                                       R"(  "GET_ITEMS"(:P, :Q) G)",
+                                                       "",
+                                                   }));
+}
+
+TEST(VdTableDefs, FromFollowsTheKeywordFormat)
+{
+    TVdSelectParser p;
+    p.ScriptFormat().KeywordsFormat = qfmFirstUpper;
+    AddTable(p, "ORDERS", "O");
+    EXPECT_EQ(p.TableDefs().GetScript(), "*\r\nFrom\r\n  \"ORDERS\" O\r\n");
+}
+
+TEST(VdTableDefs, CustomerDbTableIsQuotedAsOneName)
+{
+    TVdSelectParser p;
+    TVdTableDef* t = AddTable(p, "customer.db");
+    EXPECT_MODEL_OK(p);
+    EXPECT_EQ(t->GetScript(), "  \"customer.db\"");
+    EXPECT_EQ(p.GetExpression(), "SELECT *\r\nFROM\r\n  \"customer.db\"\r\n");
+    AddField(*t, "ID");
+    EXPECT_MODEL_OK(p);
+    EXPECT_EQ(p.GetExpression(), vdcheck::Crlf({
+                                     "SELECT ",
+                                     R"(  "customer.db"."ID")",
+                                     "FROM",
+                                     R"(  "customer.db")",
+                                     "",
+                                 }));
+}
+
+// ---- GROUP BY ----
