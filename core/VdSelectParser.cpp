@@ -187,6 +187,10 @@ std::string TVdSelectParser::GetExpression()
     if (GetDistinct())
         result += ProcessKeyword("DISTINCT") + " ";
     result += tables;
+    // A select list without FROM (SELECT A) is the whole statement: no clause can follow it,
+    // and a GROUP BY rebuilt from its fields would not read back.
+    if (tables.size() == selectList.size())
+        return result;
     result += WhereItems().GetScript();
     result += FGroupByItems.GetScript();
     result += HavingItems().GetScript();

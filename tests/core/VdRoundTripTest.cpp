@@ -432,3 +432,13 @@ TEST(RoundTripNames, GroupByLeavesProcedureArgumentsOut)
                                       "  \"P\".\"X\"\r\n");
     EXPECT_EQ(RoundTripProblem("SELECT P.X, COUNT(*) FROM PROC(:A, 5) P"), "");
 }
+
+TEST(RoundTripNames, SelectListWithoutFromPrintsNoOtherClause)
+{
+    // GROUP BY is rebuilt from the fields when printing; after a select list without FROM it
+    // would be a clause the parser refuses.
+    TVdSelectParser parser;
+    parser.SetExpression("SELECT A1.X, COUNT(*)");
+    EXPECT_EQ(parser.GetExpression(), "SELECT \r\n  \"A1\".\"X\",\r\n  COUNT(*) AS FIELD_1");
+    EXPECT_EQ(RoundTripProblem("SELECT A1.X, COUNT(*)"), "");
+}
