@@ -529,6 +529,8 @@ const std::string& TVdSQLScanner::GetNextToken()
         SkipBlankRun();
         FTokenKind = tkUnknown;
         result.clear();
+        if (ScanPlainToken(result))
+            return FToken;
         const bool wasPending = FEmptyStringPending;
         TTokenKind kind = ScanOne(result);
         const bool quoted = FInString && kind != tkQuote;
@@ -570,6 +572,48 @@ const std::string& TVdSQLScanner::GetNextToken()
         FToken.swap(result);
         return FToken;
     }
+}
+
+// The common tokens outside strings, a word or a single delimiter, read in one step with the
+// same outcome as the character-by-character rules: a word runs up to a quote, or a blank or
+// delimiter that is no legal identifier character; a delimiter that is no comparison, no CR
+// and no quote is a token of its own.
+bool TVdSQLScanner::ScanPlainToken(std::string& result)
+{
+    if (FInString || FEmptyStringPending || FPosition > FLength)
+        return false;
+    const char* text = FExpression.data();
+    const char c = text[FPosition - 1];
+    const std::uint16_t quotes = ccQuote | ccIdentQuote;
+    int end = FPosition + 1;
+    if (Has(c, ccAlpha) && !Has(c, quotes | ccDelim | ccSpace)) {
+        while (end <= FLength) {
+            const char ch = text[end - 1];
+            if (Has(ch, quotes) || (!Has(ch, ccLegal) && Has(ch, ccDelim | ccSpace)))
+                break;
+            ++end;
+        }
+    } else if (!Has(c, ccDelim) || Has(c, quotes | ccSpace | ccComparison) || c == '\r' || c == '.') {
+        return false;
+    }
+    result.assign(text + FPosition - 1, size_t(end - FPosition));
+    TTokenKind kind = end - FPosition > 1 || !Has(c, ccDelim) ? ClassifyWord(result) : tkDelim;
+    if (IsOperation(result))
+        kind = tkOperation;
+    FTokenKind = kind;
+    FTokenStart = FPosition;
+    FPosition = end;
+    FTokenEnd = end;
+    FLinePos += end - FTokenStart;
+    const char last = text[end - 2];
+    if (Has(last, ccLevelUp))
+        ++FLevel;
+    else if (Has(last, ccLevelDown))
+        --FLevel;
+    FTokenQuoted = false;
+    FTokenQuote = '\0';
+    FToken.swap(result);
+    return true;
 }
 
 // Blanks and CR LF pairs between tokens, taken a run at a time: each would be a token of its

@@ -181,6 +181,7 @@ private:
     };
     void EnsureCharClasses();
     void SkipBlankRun();
+    bool ScanPlainToken(std::string& result);
     bool Has(char c, std::uint16_t cls) const
     {
         return FClasses[static_cast<unsigned char>(c)] & cls;
