@@ -63,18 +63,13 @@ bool TVdExpressionReader::AtStop(int depth) const
 TVdTableDef* TVdExpressionReader::QualifierTable(const std::string& aliasText,
                                                  const std::string& nameText)
 {
-    TVdTableDefs& tables = P.TableDefs();
-    TVdTableDef* table = tables.FindByAlias(aliasText);
-    if (!table)
-        table = tables.FindByAlias(nameText);
-    if (!table)
-        table = tables.FindByName(nameText);
+    TVdTableDef* table = P.FindTable(aliasText, nameText);
     if (!table) {
         // A qualified field read before FROM makes a table known only by its alias; the table
         // the unqualified items before it went to is that table.
         table = P.UnnamedTable();
         if (!table)
-            table = tables.Add();
+            table = P.TableDefs().Add();
         table->SetAlias(nameText);
     }
     return table;

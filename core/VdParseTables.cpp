@@ -51,15 +51,16 @@ std::string TVdSelectParser::ProcessItemName(const std::string& name) const
     return result;
 }
 
-TVdTableDef* TVdSelectParser::FindTableByToken() const
+// A qualifier names a table by its alias, written as an alias or as a name, or by its name.
+TVdTableDef* TVdSelectParser::FindTable(const std::string& aliasText,
+                                        const std::string& nameText) const
 {
     TVdTableDefs& tables = TableDefs();
-    const std::string name = NameText();
-    if (TVdTableDef* table = tables.FindByAlias(AliasText()))
+    if (TVdTableDef* table = tables.FindByAlias(aliasText))
         return table;
-    if (TVdTableDef* table = tables.FindByAlias(name))
+    if (TVdTableDef* table = tables.FindByAlias(nameText))
         return table;
-    return tables.FindByName(name);
+    return tables.FindByName(nameText);
 }
 
 void TVdSelectParser::DoParseTableDefs()
@@ -317,7 +318,7 @@ bool TVdSelectParser::ReadJoinCondition(TVdTableDef*& owner, std::string& ownerF
             return false;
         };
         std::string qualifier = NameText();
-        TVdTableDef* table = FindTableByToken();
+        TVdTableDef* table = FindTable(AliasText(), qualifier);
         Next();
         Next();
         if (!IsNameKind())
@@ -330,7 +331,7 @@ bool TVdSelectParser::ReadJoinCondition(TVdTableDef*& owner, std::string& ownerF
                 return false;
             qualifier += "." + field;
             field = NameText();
-            table = TableDefs().FindByAliasOrName(qualifier);
+            table = FindTable(qualifier, qualifier);
             Next();
         }
         if (!table)

@@ -593,7 +593,8 @@ bool TVdSQLScanner::ScanPlainToken(std::string& result)
                 break;
             ++end;
         }
-    } else if (!Has(c, ccDelim) || Has(c, quotes | ccSpace | ccComparison) || c == '\r' || c == '.') {
+    } else if (!Has(c, ccDelim) || Has(c, quotes | ccSpace | ccComparison) || c == '\r' ||
+               c == '.') {
         return false;
     }
     result.assign(text + FPosition - 1, size_t(end - FPosition));

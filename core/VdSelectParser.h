@@ -156,7 +156,7 @@ protected:
     // The model text of the current token read as a name, and read as an alias.
     std::string NameText() const;
     std::string AliasText() const;
-    TVdTableDef* FindTableByToken() const;
+    TVdTableDef* FindTable(const std::string& aliasText, const std::string& nameText) const;
 
     std::string FLastTableName;
     std::string FLastTableAlias;
