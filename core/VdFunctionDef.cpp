@@ -91,7 +91,11 @@ void script::AppendFunctionScript(std::string& out, const TVdFunctionDef& node)
         if (s.size() > 1 && (s.front() == '"' || s.front() == '\'') &&
             (s.back() == '"' || s.back() == '\''))
             s = s.substr(1, s.size() - 2);
-        text::AppendQuoted(out, s, '\'');
+        // A dialect may write strings its own way (escapes); the base scanner's way is here.
+        if (parser && typeid(parser->Scanner()) != typeid(TVdSQLScanner))
+            out += parser->Scanner().QuoteString(std::string(s));
+        else
+            text::AppendQuoted(out, s, '\'');
         return;
     }
     default:

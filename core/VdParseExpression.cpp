@@ -172,7 +172,8 @@ void TVdExpressionReader::ReadSingle(TVdFunctionDef& node)
         }
         return;
     }
-    node.SetName(S.Token());
+    // An identifier as the dialect reads it (one that folds unquoted names keeps them folded).
+    node.SetName(kind == tkIdent || kind == tkIdentString ? P.NameText() : S.Token());
     switch (kind) {
     case tkFunction:
         node.SetKind(fkFunction);

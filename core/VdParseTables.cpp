@@ -8,7 +8,8 @@ namespace {
 
 // A name the text gives quoted is kept without its quotes when printing it brings the same
 // quotes back, and as written otherwise ("my t", "a.b"): the model's text then reads back
-// to itself.
+// to itself. A dialect that prints such a name differently from any quoted form (upper case,
+// blanks turned into "_") keeps the printed form, which reads back to the same model.
 std::string ModelText(const TVdSQLScanner& scanner, const std::string& content,
                       const std::function<std::string(const std::string&)>& print)
 {
@@ -20,7 +21,10 @@ std::string ModelText(const TVdSQLScanner& scanner, const std::string& content,
         return raw;
     // 'a.b' would print split at its dot: in identifier quotes it stays one name.
     const std::string requoted = text::QuotedStr(plain, scanner.GetIdentQuote());
-    return print(requoted) == requoted ? requoted : raw;
+    if (print(requoted) == requoted)
+        return requoted;
+    const std::string printed = print(plain);
+    return print(printed) == printed ? printed : raw;
 }
 
 } // namespace
@@ -29,7 +33,7 @@ std::string TVdSelectParser::NameText() const
 {
     const TVdSQLScanner& scanner = Scanner();
     if (!scanner.TokenQuoted())
-        return Token();
+        return scanner.ProcessIdent(Token());
     return ModelText(scanner, Token(),
                      [this](const std::string& name) { return ProcessItemName(name); });
 }
@@ -38,7 +42,7 @@ std::string TVdSelectParser::AliasText() const
 {
     const TVdSQLScanner& scanner = Scanner();
     if (!scanner.TokenQuoted())
-        return Token();
+        return scanner.ProcessIdent(Token());
     return ModelText(scanner, Token(), [&scanner](const std::string& alias) {
         return scanner.GetProcessAliases() ? scanner.ProcessName(alias) : alias;
     });
@@ -70,7 +74,8 @@ void TVdSelectParser::DoParseTableDefs()
             FState = ssEnd;
             return;
         }
-        const bool keyword = Kind() == tkKeyword && !Scanner().TokenQuoted();
+        // A join word need not be a keyword of the dialect (LEFT can also name a function).
+        const bool keyword = IsClauseToken();
         if (keyword && IsJoinDef(Token())) {
             DoParseJoinDef();
         } else if (!keyword) {
@@ -160,7 +165,7 @@ std::string TVdSelectParser::PeekAliasAfterParams()
             --depth;
         Next();
     } while (depth > 0 && Kind() != tkEnd);
-    if (depth == 0 && IsAliasToken() && Kind() != tkKeyword)
+    if (depth == 0 && IsAliasToken() && !IsClauseToken())
         alias = AliasText();
     scanner.RestoreState(state);
     return alias;
@@ -189,7 +194,7 @@ void TVdSelectParser::DoParseTableDef()
     if (call) {
         alias = PeekAliasAfterParams();
         hasAlias = !alias.empty();
-    } else if (Kind() != tkEnd && Kind() != tkKeyword && !IsDelimToken(',') && !IsDelimToken(';')) {
+    } else if (Kind() != tkEnd && !IsClauseToken() && !IsDelimToken(',') && !IsDelimToken(';')) {
         if (!IsAliasToken())
             return Fail();
         alias = AliasText();
@@ -206,7 +211,7 @@ void TVdSelectParser::DoParseTableDef()
         if (hasAlias)
             Next();
     }
-    if (Kind() != tkEnd && Kind() != tkKeyword && !IsDelimToken(','))
+    if (Kind() != tkEnd && !IsClauseToken() && !IsDelimToken(','))
         Fail();
 }
 

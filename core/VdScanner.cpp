@@ -292,6 +292,11 @@ std::string TVdSQLScanner::UnquoteString(const std::string& content, char quote)
     return text::UndoubleQuotes(content, quote);
 }
 
+std::string TVdSQLScanner::QuoteString(const std::string& value) const
+{
+    return text::QuotedStr(value, '\'');
+}
+
 void TVdSQLScanner::SetKeywords(const TVdWordList& words)
 {
     FKeywords.Assign(words, true);

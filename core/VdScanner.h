@@ -119,6 +119,9 @@ public:
     virtual std::string ProcessName(const std::string& name) const;
     // The text of a string token as the model keeps it: its quotes' escapes undone.
     virtual std::string UnquoteString(const std::string& content, char quote) const;
+    // A string the model keeps (the inverse of UnquoteString) written as a literal of this
+    // dialect: in apostrophes, an apostrophe inside doubled.
+    virtual std::string QuoteString(const std::string& value) const;
 
     void SetKeywords(const TVdWordList& words);
     void SetFunctions(const TVdWordList& words);

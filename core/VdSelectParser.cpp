@@ -1,5 +1,7 @@
 #include "core/VdSelectParser.h"
 
+#include <charconv>
+
 namespace vd {
 
 TVdSelectParser::TVdSelectParser()
@@ -179,13 +181,19 @@ void TVdSelectParser::SetExpression(const std::string& text)
 
 std::string TVdSelectParser::GetExpression()
 {
+    std::string head = ProcessKeyword("SELECT") + " ";
+    if (GetDistinct())
+        head += ProcessKeyword("DISTINCT") + " ";
+    return StatementScript(head, std::string());
+}
+
+std::string TVdSelectParser::StatementScript(const std::string& head, const std::string& tail)
+{
     std::string selectList;
     const std::string tables = TableDefs().GetScript(selectList);
     if (tables.empty())
         return std::string();
-    std::string result = ProcessKeyword("SELECT") + " ";
-    if (GetDistinct())
-        result += ProcessKeyword("DISTINCT") + " ";
+    std::string result = head;
     result += tables;
     // A select list without FROM (SELECT A) is the whole statement: no clause can follow it,
     // and a GROUP BY rebuilt from its fields would not read back.
@@ -195,6 +203,10 @@ std::string TVdSelectParser::GetExpression()
     result += FGroupByItems.GetScript();
     result += HavingItems().GetScript();
     result += FOrderByItems.GetScript();
+    if (!tail.empty()) {
+        result += "\r\n";
+        result += tail;
+    }
     return result;
 }
 
@@ -289,12 +301,15 @@ void TVdSelectParser::DoParseSelectClause()
     SetDistinct(distinct);
     if (distinct)
         Next();
+    FState = StartsSelectList() ? ssFieldDefs : ssError;
+}
+
+bool TVdSelectParser::StartsSelectList() const
+{
     const TTokenKind kind = Kind();
     const bool star = !Scanner().TokenQuoted() && Token() == "*";
-    FState = (star || kind == tkFunction || kind == tkInteger || kind == tkFloat ||
-              kind == tkString || kind == tkIdent || kind == tkIdentString)
-                 ? ssFieldDefs
-                 : ssError;
+    return star || kind == tkFunction || kind == tkInteger || kind == tkFloat ||
+           kind == tkString || kind == tkIdent || kind == tkIdentString;
 }
 
 void TVdSelectParser::DoParseIntoClause() { FState = ssError; }
@@ -557,15 +572,14 @@ void TVdSelectParser::RaiseIfUnterminated()
     if (scanner.Position() > scanner.Length())
         scanner.GetNextToken(); // raises "Unterminated string." for the same token and place
     // 'abc'' at the very end: the last character closes the text only because nothing follows
-    // it; the doubled quote before it is content, so the string is in fact left open.
+    // it; the doubled quote before it is content, so the string is in fact left open. The
+    // scanner is asked whether the quote would also close the text with more after it (any
+    // character other than the quote).
     const std::string& token = Scanner().Token();
-    if (scanner.Position() == scanner.Length() && scanner.TokenQuoted()) {
-        size_t run = 0;
-        while (run < token.size() && token[token.size() - 1 - run] == scanner.TokenQuote())
-            ++run;
-        if (run % 2 == 1)
-            throw EVdParserError(3, token, scanner.LineNo(), scanner.LinePos() - int(token.size()));
-    }
+    const char quote = scanner.TokenQuote();
+    if (scanner.Position() == scanner.Length() && scanner.TokenQuoted() &&
+        !scanner.IsTerminator(quote, token, quote, ' '))
+        throw EVdParserError(3, token, scanner.LineNo(), scanner.LinePos() - int(token.size()));
 }
 
 bool TVdSelectParser::IsWord(const char* word) const
@@ -594,6 +608,20 @@ bool TVdSelectParser::IsNameKind() const
     const TTokenKind kind = Kind();
     return kind == tkIdent || kind == tkIdentString || kind == tkString ||
            (Scanner().TokenQuoted() && kind != tkEnd);
+}
+
+bool TVdSelectParser::IsClauseToken() const
+{
+    return !Scanner().TokenQuoted() && (Kind() == tkKeyword || IsJoinDef(Token()));
+}
+
+bool TVdSelectParser::IntegerToken(std::int32_t& value) const
+{
+    if (Kind() != tkInteger || Scanner().TokenQuoted())
+        return false;
+    const std::string& token = Token();
+    const auto [end, error] = std::from_chars(token.data(), token.data() + token.size(), value);
+    return error == std::errc() && end == token.data() + token.size();
 }
 
 bool TVdSelectParser::IsAliasToken() const { return IsNameKind() && !Token().empty(); }

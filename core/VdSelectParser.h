@@ -148,6 +148,17 @@ protected:
     void RaiseIfUnterminated();
     bool PeekIs(const char* word);
     bool IsNameKind() const;
+    // A word that ends a table entry of FROM: a keyword, or a join word such as LEFT, which a
+    // dialect may know as a function name too.
+    bool IsClauseToken() const;
+    // Whether the current token can begin the select list: "*" or an operand.
+    bool StartsSelectList() const;
+    // The statement from head (SELECT and what stands before the list), the select list, FROM,
+    // WHERE, GROUP BY, HAVING, ORDER BY, and tail, a clause of the dialect on a line of its own.
+    // A select list without FROM is printed alone.
+    std::string StatementScript(const std::string& head, const std::string& tail);
+    // Reads an integer token as a 32-bit signed value; false when the token is none or too large.
+    bool IntegerToken(std::int32_t& value) const;
     // A name that can stand as an alias: "" cannot.
     bool IsAliasToken() const;
     bool IsOperandKind() const;
