@@ -1,6 +1,8 @@
 #include "cli/ParserFactory.h"
 
 #include "core/VdSelectParser.h"
+#include "dialects/VdIBParser.h"
+#include "dialects/VdMyParser.h"
 
 namespace vdsql {
 
@@ -13,8 +15,24 @@ struct TDialect {
 
 // A dialect with its own parser class gets one row here; its factory reads the options
 // it needs (SqlDialect for the dialects that number their quoting rules).
+std::unique_ptr<vd::TVdSelectParser> CreateIBParser(const TOptions& options,
+                                                    vd::TVdIBSQLServer server)
+{
+    auto parser = std::make_unique<vd::TVdIBSelectParser>();
+    parser->SetSQLServer(server);
+    auto& scanner = static_cast<vd::TVdIBScanner&>(parser->Scanner());
+    scanner.SetDialect(options.SqlDialect == 1 ? vd::qibDialect1 : vd::qibDialect3);
+    return parser;
+}
+
 const TDialect Dialects[] = {
     {"generic", [](const TOptions&) { return std::make_unique<vd::TVdSelectParser>(); }},
+    {"interbase", [](const TOptions& o) { return CreateIBParser(o, vd::qssInterBase); }},
+    {"firebird", [](const TOptions& o) { return CreateIBParser(o, vd::qssFireBird); }},
+    {"mysql",
+     [](const TOptions&) -> std::unique_ptr<vd::TVdSelectParser> {
+         return std::make_unique<vd::TVdMySelectParser>();
+     }},
 };
 
 const TDialect* FindDialect(const std::string& name)

@@ -29,8 +29,10 @@ const char* const FormatText =
     "message goes to standard error and the exit status is 1.\n"
     "\n"
     "Options:\n"
-    "  --dialect NAME        SQL dialect: generic (default)\n"
-    "  --sql-dialect 1|3     dialect number for dialects that have one (default 3)\n"
+    "  --dialect NAME        SQL dialect: generic (default), interbase, firebird\n"
+    "                        or mysql\n"
+    "  --sql-dialect 1|3     InterBase/Firebird SQL dialect: 1 (double quotes are\n"
+    "                        strings) or 3 (quoted names; default)\n"
     "  --keywords MODE       letter case of keywords: asis (default), upper,\n"
     "                        lower or first (first letter upper)\n"
     "  --functions MODE      letter case of function names, as --keywords\n"
@@ -50,8 +52,10 @@ const char* const TokensText =
     "ends the listing with the message on standard error and exit status 1.\n"
     "\n"
     "Options:\n"
-    "  --dialect NAME        SQL dialect: generic (default)\n"
-    "  --sql-dialect 1|3     dialect number for dialects that have one (default 3)\n"
+    "  --dialect NAME        SQL dialect: generic (default), interbase, firebird\n"
+    "                        or mysql\n"
+    "  --sql-dialect 1|3     InterBase/Firebird SQL dialect: 1 (double quotes are\n"
+    "                        strings) or 3 (quoted names; default)\n"
     "  -h, --help            show this help\n";
 
 const char* const BenchText =
@@ -67,8 +71,10 @@ const char* const BenchText =
     "as 'ERRORS vdsql <count> first: <message>'.\n"
     "\n"
     "Options:\n"
-    "  --dialect NAME        SQL dialect: generic (default)\n"
-    "  --sql-dialect 1|3     dialect number for dialects that have one (default 3)\n"
+    "  --dialect NAME        SQL dialect: generic (default), interbase, firebird\n"
+    "                        or mysql\n"
+    "  --sql-dialect 1|3     InterBase/Firebird SQL dialect: 1 (double quotes are\n"
+    "                        strings) or 3 (quoted names; default)\n"
     "  --repeat N            number of rounds (default 1)\n"
     "  -h, --help            show this help\n";
 

@@ -203,10 +203,8 @@ std::string TVdSelectParser::StatementScript(const std::string& head, const std:
     result += FGroupByItems.GetScript();
     result += HavingItems().GetScript();
     result += FOrderByItems.GetScript();
-    if (!tail.empty()) {
-        result += "\r\n";
-        result += tail;
-    }
+    // Every clause ends its last line, so the tail stands on a line of its own.
+    result += tail;
     return result;
 }
 

@@ -154,7 +154,8 @@ protected:
     // Whether the current token can begin the select list: "*" or an operand.
     bool StartsSelectList() const;
     // The statement from head (SELECT and what stands before the list), the select list, FROM,
-    // WHERE, GROUP BY, HAVING, ORDER BY, and tail, a clause of the dialect on a line of its own.
+    // WHERE, GROUP BY, HAVING, ORDER BY, and tail, a clause of the dialect (it follows the line
+    // break that ends the last clause).
     // A select list without FROM is printed alone.
     std::string StatementScript(const std::string& head, const std::string& tail);
     // Reads an integer token as a 32-bit signed value; false when the token is none or too large.

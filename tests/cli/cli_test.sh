@@ -297,9 +297,9 @@ case_usage_errors()
     run_file format --keywords title
     expect_rc 2 "bad --keywords value"
 
-    run_file format --dialect mysql
+    run_file format --dialect oracle
     expect_rc 2 "unsupported dialect"
-    grep -q "unsupported dialect 'mysql'" "$WORK/err" || fail "unsupported dialect: no message"
+    grep -q "unsupported dialect 'oracle'" "$WORK/err" || fail "unsupported dialect: no message"
 
     run_file format --sql-dialect 2
     expect_rc 2 "bad --sql-dialect"
