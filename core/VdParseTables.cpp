@@ -6,25 +6,80 @@ namespace vd {
 
 namespace {
 
-// A name the text gives quoted is kept without its quotes when printing it brings the same
-// quotes back, and as written otherwise ("my t", "a.b"): the model's text then reads back
-// to itself. A dialect that prints such a name differently from any quoted form (upper case,
-// blanks turned into "_") keeps the printed form, which reads back to the same model.
-std::string ModelText(const TVdSQLScanner& scanner, const std::string& content,
-                      const std::function<std::string(const std::string&)>& print)
+// What the scanner reads back from a printed name: the content of a name in identifier
+// quotes, or an unquoted word as the dialect reads it; empty when the text would not read
+// back as one name (a keyword, a function name, several tokens).
+std::string ReadBack(const TVdSQLScanner& scanner, const std::string& printed)
 {
-    const std::string raw = scanner.RawToken();
-    const std::string plain = text::UndoubleQuotes(content, scanner.TokenQuote());
-    if (print(plain) == raw)
-        return plain;
+    const char first = printed.empty() ? '\0' : printed.front();
+    if (printed.size() >= 2 && printed.back() == first && scanner.IsIdentQuote(first))
+        return text::UndoubleQuotes(std::string_view(printed).substr(1, printed.size() - 2), first);
+    if (scanner.IsKeyword(printed) || scanner.IsFunction(printed))
+        return std::string();
+    std::string word = scanner.ProcessIdent(printed);
+    return scanner.IsIdentifier(word) ? word : std::string();
+}
+
+// Whether every part of a dotted name reads back as written.
+bool PartsReadBack(const TVdSQLScanner& scanner, const std::string& name)
+{
+    size_t begin = 0;
+    for (;;) {
+        const size_t dot = name.find('.', begin);
+        const std::string part = name.substr(begin, dot == std::string::npos ? dot : dot - begin);
+        if (part.empty() || ReadBack(scanner, part) != part)
+            return false;
+        if (dot == std::string::npos)
+            return true;
+        begin = dot + 1;
+    }
+}
+
+// A string standing where a name belongs, in a dialect that quotes identifiers otherwise
+// ("From" in back-quote dialects, "my t" where double quotes make strings): the name its text
+// reads back as once printed. Empty when it cannot be printed as a name at all (a keyword
+// where names are never quoted).
+std::string StringAsName(const TVdSQLScanner& scanner, const std::string& plain,
+                         const std::string& raw, const std::string& printed,
+                         const std::function<std::string(const std::string&)>& print)
+{
+    if (plain.find('.') == std::string::npos) {
+        const std::string reread = ReadBack(scanner, printed);
+        if (reread.empty() || reread == plain)
+            return reread;
+        return print(reread) == printed ? reread : std::string();
+    }
     if (print(raw) == raw)
         return raw;
     // 'a.b' would print split at its dot: in identifier quotes it stays one name.
     const std::string requoted = text::QuotedStr(plain, scanner.GetIdentQuote());
     if (print(requoted) == requoted)
         return requoted;
+    // A dialect that quotes no names keeps the printed form when it reads back part by part.
+    return print(printed) == printed && PartsReadBack(scanner, printed) ? printed : std::string();
+}
+
+// A name the text gives quoted is kept without its quotes when printing it brings the same
+// quotes back, and as written otherwise ("my t", "a.b"): the model's text then reads back
+// to itself.
+std::string ModelText(const TVdSQLScanner& scanner, const std::string& content,
+                      const std::function<std::string(const std::string&)>& print)
+{
+    const char quote = scanner.TokenQuote();
+    const std::string plain = text::UndoubleQuotes(content, quote);
+    if (plain.empty())
+        return plain;
+    const std::string raw = scanner.RawToken();
     const std::string printed = print(plain);
-    return print(printed) == printed ? printed : raw;
+    if (printed == raw)
+        return plain;
+    if (!scanner.IsIdentQuote(quote))
+        return StringAsName(scanner, plain, raw, printed, print);
+    if (print(raw) == raw)
+        return raw;
+    // "a.b" would print split at its dot: in identifier quotes it stays one name.
+    const std::string requoted = text::QuotedStr(plain, scanner.GetIdentQuote());
+    return print(requoted) == requoted ? requoted : raw;
 }
 
 } // namespace

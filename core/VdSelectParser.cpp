@@ -546,7 +546,9 @@ void TVdSelectParser::CollectNames(bool ordered)
             Next();
             continue;
         }
-        if (!expectPart || !(IsNameKind() || Kind() == tkInteger || Kind() == tkFunction))
+        // T.* stands in GROUP BY where T.* is an output field beside aggregates.
+        const bool star = !name.empty() && !Scanner().TokenQuoted() && Token() == "*";
+        if (!expectPart || !(IsNameKind() || star || Kind() == tkInteger || Kind() == tkFunction))
             return Fail();
         name += NameText();
         expectPart = false;
@@ -604,8 +606,19 @@ bool TVdSelectParser::PeekIs(const char* word)
 bool TVdSelectParser::IsNameKind() const
 {
     const TTokenKind kind = Kind();
-    return kind == tkIdent || kind == tkIdentString || kind == tkString ||
-           (Scanner().TokenQuoted() && kind != tkEnd);
+    const TVdSQLScanner& scanner = Scanner();
+    if (!scanner.TokenQuoted())
+        return kind == tkIdent || kind == tkIdentString || kind == tkString;
+    // A quoted text is a name unless it is a string that cannot be printed as one.
+    return kind != tkEnd &&
+           (Token().empty() || scanner.IsIdentQuote(scanner.TokenQuote()) || !NameText().empty());
+}
+
+bool TVdSelectParser::IsAliasToken() const
+{
+    if (!IsNameKind() || Token().empty())
+        return false;
+    return !Scanner().TokenQuoted() || !AliasText().empty();
 }
 
 bool TVdSelectParser::IsClauseToken() const
@@ -621,8 +634,6 @@ bool TVdSelectParser::IntegerToken(std::int32_t& value) const
     const auto [end, error] = std::from_chars(token.data(), token.data() + token.size(), value);
     return error == std::errc() && end == token.data() + token.size();
 }
-
-bool TVdSelectParser::IsAliasToken() const { return IsNameKind() && !Token().empty(); }
 
 bool TVdSelectParser::IsOperandKind() const
 {
