@@ -20,21 +20,6 @@ std::string ReadBack(const TVdSQLScanner& scanner, const std::string& printed)
     return scanner.IsIdentifier(word) ? word : std::string();
 }
 
-// Whether every part of a dotted name reads back as written.
-bool PartsReadBack(const TVdSQLScanner& scanner, const std::string& name)
-{
-    size_t begin = 0;
-    for (;;) {
-        const size_t dot = name.find('.', begin);
-        const std::string part = name.substr(begin, dot == std::string::npos ? dot : dot - begin);
-        if (part.empty() || ReadBack(scanner, part) != part)
-            return false;
-        if (dot == std::string::npos)
-            return true;
-        begin = dot + 1;
-    }
-}
-
 // A string standing where a name belongs, in a dialect that quotes identifiers otherwise
 // ("From" in back-quote dialects, "my t" where double quotes make strings): the name its text
 // reads back as once printed. Empty when it cannot be printed as a name at all (a keyword
@@ -53,10 +38,8 @@ std::string StringAsName(const TVdSQLScanner& scanner, const std::string& plain,
         return raw;
     // 'a.b' would print split at its dot: in identifier quotes it stays one name.
     const std::string requoted = text::QuotedStr(plain, scanner.GetIdentQuote());
-    if (print(requoted) == requoted)
-        return requoted;
-    // A dialect that quotes no names keeps the printed form when it reads back part by part.
-    return print(printed) == printed && PartsReadBack(scanner, printed) ? printed : std::string();
+    // Without identifier quotes a name with a dot in it cannot be written.
+    return print(requoted) == requoted ? requoted : std::string();
 }
 
 // A name the text gives quoted is kept without its quotes when printing it brings the same
