@@ -155,6 +155,20 @@ bool TVdExpressionReader::ReadQualified(TVdFunctionDef& node, TVdTableDef*& tabl
     return true;
 }
 
+namespace {
+
+// A string prints without one pair of quotes that encloses its text, so a text that begins
+// and ends with a quote ('"a"') is kept inside a pair of its own.
+std::string StringName(std::string value)
+{
+    auto quote = [](char c) { return c == '\'' || c == '"'; };
+    if (value.size() > 1 && quote(value.front()) && quote(value.back()))
+        return '\'' + value + '\'';
+    return value;
+}
+
+} // namespace
+
 void TVdExpressionReader::ReadSingle(TVdFunctionDef& node)
 {
     const TTokenKind kind = S.TokenKind();
@@ -164,7 +178,7 @@ void TVdExpressionReader::ReadSingle(TVdFunctionDef& node)
             node.SetName(S.RawToken());
             node.SetKind(kind == tkString ? fkString : fkIdentifier);
         } else if (kind == tkString) {
-            node.SetName(S.UnquoteString(S.Token(), S.TokenQuote()));
+            node.SetName(StringName(S.UnquoteString(S.Token(), S.TokenQuote())));
             node.SetKind(fkString);
         } else {
             node.SetName(P.NameText());

@@ -56,6 +56,10 @@ std::string ModelText(const TVdSQLScanner& scanner, const std::string& content,
     const std::string printed = print(plain);
     if (printed == raw)
         return plain;
+    // "CUSTOMER" where CUSTOMER prints bare and reads back as the same name.
+    if (quote == scanner.GetIdentQuote() && plain.find('.') == std::string::npos &&
+        ReadBack(scanner, printed) == plain)
+        return plain;
     if (!scanner.IsIdentQuote(quote))
         return StringAsName(scanner, plain, raw, printed, print);
     if (print(raw) == raw)
