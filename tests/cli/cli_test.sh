@@ -312,6 +312,125 @@ case_usage_errors()
     grep -q "cannot read" "$WORK/err" || fail "missing file: no message"
 }
 
+case_format_dialects()
+{
+    # One statement, four dialects: quoting, letter case of unquoted names and what a
+    # double-quoted text is (a name in generic and InterBase dialect 3, a string in MySQL).
+    local sql='select c.name, c.total as amount from customers c'
+    sql+=' where (c.city = "Paris") order by c.name desc'
+
+    run "$sql" format --dialect generic
+    expect_run 0 'SELECT \r\n  "c"."name",\r\n  "c"."total" AS amount\r\nFROM\r\n  "customers" c\r\nWHERE\r\n  ("c"."city" = "Paris")\r\nORDER BY\r\n  "c"."name" DESC\r\n' \
+        "" "--dialect generic"
+
+    run "$sql" format --dialect interbase
+    expect_run 0 'SELECT \r\n  C.NAME,\r\n  C.TOTAL AS AMOUNT\r\nFROM\r\n  CUSTOMERS C\r\nWHERE\r\n  (C.CITY = "Paris")\r\nORDER BY\r\n  C.NAME DESC\r\n' \
+        "" "--dialect interbase"
+
+    run "$sql" format --dialect interbase --sql-dialect 3
+    expect_run 0 'SELECT \r\n  C.NAME,\r\n  C.TOTAL AS AMOUNT\r\nFROM\r\n  CUSTOMERS C\r\nWHERE\r\n  (C.CITY = "Paris")\r\nORDER BY\r\n  C.NAME DESC\r\n' \
+        "" "--dialect interbase --sql-dialect 3"
+
+    # Dialect 1: "Paris" is a string.
+    run "$sql" format --dialect interbase --sql-dialect 1
+    expect_run 0 'SELECT \r\n  C.NAME,\r\n  C.TOTAL AS AMOUNT\r\nFROM\r\n  CUSTOMERS C\r\nWHERE\r\n  (C.CITY = '"'Paris'"')\r\nORDER BY\r\n  C.NAME DESC\r\n' \
+        "" "--dialect interbase --sql-dialect 1"
+
+    run "$sql" format --dialect firebird
+    expect_run 0 'SELECT \r\n  C.NAME,\r\n  C.TOTAL AS AMOUNT\r\nFROM\r\n  CUSTOMERS C\r\nWHERE\r\n  (C.CITY = "Paris")\r\nORDER BY\r\n  C.NAME DESC\r\n' \
+        "" "--dialect firebird"
+
+    run "$sql" format --dialect mysql
+    expect_run 0 'SELECT \r\n  `c`.`name`,\r\n  `c`.`total` AS `amount`\r\nFROM\r\n  `customers` `c`\r\nWHERE\r\n  (`c`.`city` = '"'Paris'"')\r\nORDER BY\r\n  `c`.`name` DESC\r\n' \
+        "" "--dialect mysql"
+
+    # A table name with blanks: quoted in dialect 3, folded in dialect 1.
+    run 'SELECT A.X FROM "my table" A' format --dialect interbase --sql-dialect 3
+    expect_run 0 'SELECT \r\n  A.X\r\nFROM\r\n  "my table" A\r\n' "" "name with blanks, dialect 3"
+    run 'SELECT A.X FROM "my table" A' format --dialect interbase --sql-dialect=1
+    expect_run 0 'SELECT \r\n  A.X\r\nFROM\r\n  MY_TABLE A\r\n' "" "name with blanks, dialect 1"
+
+    # The dialect clauses, printed after the last clause and after SELECT.
+    run 'select a from t order by a rows 10 to 20 by 2 percent with ties' format --dialect interbase
+    expect_run 0 'SELECT \r\n  T.A\r\nFROM\r\n  T\r\nORDER BY\r\n  A\r\nROWS 10 TO 20 BY 2 PERCENT WITH TIES' \
+        "" "ROWS under interbase"
+
+    run 'select first 5 skip 10 distinct a from t' format --dialect firebird
+    expect_run 0 'SELECT FIRST 5 SKIP 10 DISTINCT \r\n  T.A\r\nFROM\r\n  T\r\n' "" "FIRST and SKIP under firebird"
+
+    # FIRST and SKIP print as written; DISTINCT follows the keyword case.
+    run 'select first 5 skip 10 distinct a from t' format --dialect firebird --keywords lower
+    expect_run 0 'select FIRST 5 SKIP 10 distinct \r\n  T.A\r\nfrom\r\n  T\r\n' "" \
+        "FIRST and SKIP under firebird, --keywords lower"
+
+    run 'select straight_join sql_big_result distinctrow a from t limit 10, 20' format --dialect mysql
+    expect_run 0 'SELECT STRAIGHT_JOIN SQL_BIG_RESULT DISTINCTROW \r\n  `t`.`a`\r\nFROM\r\n  `t`\r\nLIMIT 10, 20' \
+        "" "options, filter and LIMIT under mysql"
+
+    # The MySQL words follow the keyword case.
+    run 'SELECT STRAIGHT_JOIN SQL_BIG_RESULT DISTINCTROW A FROM T LIMIT 5' format --dialect mysql \
+        --keywords lower
+    expect_run 0 'select straight_join sql_big_result distinctrow \r\n  `T`.`A`\r\nfrom\r\n  `T`\r\nlimit 5' \
+        "" "options, filter and LIMIT under mysql, --keywords lower"
+
+    # Clauses of another dialect, or in the wrong order, are refused.
+    run 'select a from t rows 5' format --dialect firebird
+    expect_run 1 "" "Invalid token 'rows' at position 17 of line 1.\n" "ROWS under firebird"
+
+    run 'select first 5 a from t' format --dialect interbase
+    expect_run 1 "" "Invalid token 'first' at position 8 of line 1.\n" "FIRST under interbase"
+
+    run 'SELECT A FROM T ROWS 10 WITH X' format --dialect interbase
+    expect_run 1 "" "Invalid token 'X' at position 30 of line 1.\n" "ROWS 10 WITH X"
+
+    run 'SELECT A FROM T LIMIT 5 X' format --dialect mysql
+    expect_run 1 "" "Invalid token 'X' at position 25 of line 1.\n" "LIMIT 5 X"
+
+    run 'SELECT STRAIGHT_JOIN STRAIGHT_JOIN A FROM T' format --dialect mysql
+    expect_run 1 "" "Invalid token 'STRAIGHT_JOIN' at position 22 of line 1.\n" "STRAIGHT_JOIN twice"
+
+    run 'SELECT DISTINCT STRAIGHT_JOIN A FROM T' format --dialect mysql
+    expect_run 1 "" "Invalid token 'STRAIGHT_JOIN' at position 17 of line 1.\n" \
+        "STRAIGHT_JOIN after DISTINCT"
+
+    # LIMIT is no generic keyword: it is read as the alias of T, and 5 cannot follow.
+    run 'SELECT A FROM T LIMIT 5' format --dialect generic
+    expect_run 1 "" "Invalid token '5' at position 23 of line 1.\n" "LIMIT under generic"
+
+    # Tokens of MySQL: a back-quoted name is an identifier, quoted strings keep their escapes.
+    run 'SELECT `my col`, '"'it\\'s'"', "a""b" FROM T' tokens --dialect mysql
+    local expected=''
+    expected+='tkKeyword\tSELECT\t1\t1\n'
+    expected+='tkIdent\tmy col\t1\t9\n'
+    expected+='tkDelim\t,\t1\t16\n'
+    expected+='tkString\tit\\'"'"'s\t1\t19\n'
+    expected+='tkDelim\t,\t1\t25\n'
+    expected+='tkString\ta""b\t1\t28\n'
+    expected+='tkKeyword\tFROM\t1\t34\n'
+    expected+='tkIdent\tT\t1\t39\n'
+    expect_run 0 "$expected" "" "tokens --dialect mysql"
+
+    # JSON lines: the double-quoted string is written back between apostrophes.
+    run '{"sql": "SELECT A FROM T WHERE B = \"it'"'"'s\" LIMIT 5"}' format --jsonl --dialect mysql
+    expect_rc 0 "--jsonl --dialect mysql"
+    expect_text "$WORK/err" "" "--jsonl --dialect mysql: standard error"
+    local line
+    line=$(cat "$WORK/out")
+    local want='{"sql": "SELECT \r\n  `T`.`A`\r\nFROM\r\n  `T`\r\nWHERE\r\n  (`B` = '"'"'it\\'"'"'s'"'"')\r\nLIMIT 5"}'
+    [[ $(wc -l <"$WORK/out") -eq 1 && "$line" == "$want" ]] ||
+        fail "--jsonl --dialect mysql:"$'\n'"  expected: $want"$'\n'"  actual:   $line"
+
+    # bench reads every statement with the dialect's parser: FIRST is taken, ROWS is not.
+    printf 'SELECT FIRST 5 A FROM T\nSELECT A FROM T ROWS 5\n' >"$WORK/firebird.sql"
+    run_file bench --dialect firebird "$WORK/firebird.sql"
+    expect_rc 0 "bench --dialect firebird"
+    local pattern='^vdsql 2 45 [0-9]+\.[0-9]{6} [0-9]+\.[0-9]{2} [0-9]+\.[0-9]{2}$'
+    [[ $(wc -l <"$WORK/out") -eq 1 && $(cat "$WORK/out") =~ $pattern ]] ||
+        fail "bench --dialect firebird line: $(cat "$WORK/out")"
+    expect_text "$WORK/err" "ERRORS vdsql 1 first: Invalid token 'ROWS' at position 17 of line 1.\n" \
+        "bench --dialect firebird errors line"
+}
+
 if ! declare -F "case_$CASE" >/dev/null; then
     echo "cli_test.sh: unknown case '$CASE'" >&2
     exit 2

@@ -1,6 +1,7 @@
 #include "StatementGenerator.h"
 
 #include <set>
+#include <span>
 #include <vector>
 
 namespace vdtest {
@@ -30,20 +31,78 @@ struct TTable {
     int Owner = -1;        // the table this one is joined from; -1 for a FROM entry
 };
 
+using TNameList = std::span<const char* const>;
+
+// The names of one dialect. Blank and keyword names are listed without their quotes.
+struct TNames {
+    TNameList PlainTables, LowerTables, BlankTables, KeywordTables;
+    TNameList PlainColumns, LowerColumns, BlankColumns, KeywordColumns;
+};
+
 const char* const PlainTables[] = {"CUSTOMERS", "ORDERS",     "ORDER_LINES",   "PRODUCTS",
                                    "EMPLOYEES", "WAREHOUSES", "PRODUCT_GROUPS"};
 const char* const LowerTables[] = {"invoices", "stock", "suppliers"};
 const char* const BlankTables[] = {"order items", "sales rep", "price list"};
-const char* const KeywordTables[] = {"\"ORDER\"", "\"GROUP\"", "\"select\"", "\"From\""};
+const char* const KeywordTables[] = {"ORDER", "GROUP", "select", "From"};
 
 const char* const PlainColumns[] = {"ID",          "NAME",       "AMOUNT",      "PRICE",
                                     "QTY",         "STATUS",     "CODE",        "CREATED_AT",
                                     "CUSTOMER_ID", "ORDER_DATE", "DESCRIPTION", "UNIT_PRICE"};
 const char* const LowerColumns[] = {"total", "note", "city"};
-// Names whose generated alias could not be read back (it prints as written): once only.
-const char* const BlankColumns[] = {"\"unit price\"", "\"due date\"", "\"last name\"",
-                                    "\"MY-COL\""};
-const char* const KeywordColumns[] = {"\"ORDER\"", "\"select\"", "\"FROM\"", "\"Desc\""};
+// Names whose generated alias could not be read back where aliases print as written.
+const char* const BlankColumns[] = {"unit price", "due date", "last name", "MY-COL"};
+const char* const KeywordColumns[] = {"ORDER", "select", "FROM", "Desc"};
+
+const TNames GenericNames = {PlainTables,  LowerTables,  BlankTables,  KeywordTables,
+                             PlainColumns, LowerColumns, BlankColumns, KeywordColumns};
+
+// InterBase and Firebird: "$" belongs to names; the clause words, keywords and function
+// names of the server need quotes, and so does a quoted name in lower case. No column is
+// named like an aggregate: the rebuilt GROUP BY leaves such a column out, and HAVING with it.
+const char* const IBKeywordTables[] = {"ORDER", "GROUP", "select", "From", "ROWS", "FIRST", "DATE"};
+const char* const IBPlainColumns[] = {
+    "ID",         "NAME",        "AMOUNT",     "PRICE",       "QTY",        "STATUS",  "CODE",
+    "CREATED_AT", "CUSTOMER_ID", "ORDER_DATE", "DESCRIPTION", "UNIT_PRICE", "ITEM$NO", "PRICE$EUR"};
+const char* const IBLowerColumns[] = {"total", "note", "city", "line$no"};
+const char* const IBKeywordColumns[] = {"ORDER", "select", "FROM",  "Desc",  "ROWS",
+                                        "FIRST", "SKIP",   "TIES",  "VALUE", "PERCENT",
+                                        "CAST",  "UPPER",  "lower", "Mixed"};
+
+const TNames IBNames = {PlainTables,    LowerTables,    BlankTables,  IBKeywordTables,
+                        IBPlainColumns, IBLowerColumns, BlankColumns, IBKeywordColumns};
+// Dialect 1 has no quoted names; a table name with blanks is written as a string.
+const TNames IBDialect1Names = {PlainTables,    LowerTables,    BlankTables, {},
+                                IBPlainColumns, IBLowerColumns, {},          {}};
+
+// MySQL: STATUS is a keyword there, LEFT a function name; the words of the statement head
+// and LIMIT are quoted names too.
+const char* const MyBlankTables[] = {"order items", "sales rep", "price list", "o'brien"};
+const char* const MyKeywordTables[] = {"ORDER", "GROUP",  "select", "From",
+                                       "LIMIT", "STATUS", "LEFT"};
+const char* const MyPlainColumns[] = {"ID",         "NAME",        "AMOUNT",     "PRICE",
+                                      "QTY",        "CODE",        "CREATED_AT", "CUSTOMER_ID",
+                                      "ORDER_DATE", "DESCRIPTION", "UNIT_PRICE"};
+const char* const MyBlankColumns[] = {"unit price", "due date", "last name", "MY-COL", "it's"};
+const char* const MyKeywordColumns[] = {
+    "ORDER",         "select", "FROM",        "Desc",
+    "STATUS",        "LIMIT",  "DISTINCTROW", "SQL_BUFFER_RESULT",
+    "STRAIGHT_JOIN", "ALL",    "LEFT",        "CONCAT"};
+
+const TNames MyNames = {PlainTables,    LowerTables,  MyBlankTables,  MyKeywordTables,
+                        MyPlainColumns, LowerColumns, MyBlankColumns, MyKeywordColumns};
+
+// String literals besides numbers. MySQL keeps backslash escapes; a double-quoted text is a
+// string there and in InterBase dialect 1.
+const char* const IBLiterals[] = {"'abc'", "'it''s'", "'A%'", "'x\"y'"};
+const char* const IBDialect1Literals[] = {"'abc'",    "'it''s'",    "\"x y\"",
+                                          "\"it's\"", "\"a\"\"b\"", "'say \"hi\"'"};
+const char* const MyLiterals[] = {"'abc'",        "'it\\'s'",        "'a''b'",
+                                  "\"x\\\"y\"",   "\"it's\"",        "\"a\"\"b\"",
+                                  "'tab\\there'", "'back\\\\slash'", "'say \"hi\"'"};
+
+const char* const MySelectOptions[] = {"STRAIGHT_JOIN", "SQL_SMALL_RESULT", "SQL_BIG_RESULT",
+                                       "SQL_BUFFER_RESULT", "HIGH_PRIORITY"};
+const char* const MyFilters[] = {"DISTINCT", "DISTINCTROW", "ALL"};
 
 const char* const Aggregates[] = {"SUM", "MIN", "MAX", "AVG", "COUNT"};
 
@@ -61,10 +120,27 @@ private:
     int Range(int lo, int hi) { return hi <= lo ? lo : lo + Pick(hi - lo + 1); }
     bool Chance(int percent) { return Pick(100) < percent; }
     template <size_t N> const char* Any(const char* const (&list)[N]) { return list[Pick(int(N))]; }
+    const char* Any(TNameList list) { return list[size_t(Pick(int(list.size())))]; }
 
     std::string Kw(const std::string& word);
     std::string Fn(const std::string& name) const;
     std::string Space() { return O.LineBreaks && Chance(40) ? "\r\n" : " "; }
+
+    bool IsIB() const
+    {
+        return O.Dialect == TGeneratorDialect::InterBase ||
+               O.Dialect == TGeneratorDialect::Firebird;
+    }
+    bool IsDialect1() const { return IsIB() && O.SqlDialect == 1; }
+    // Where aliases go through the quoting of names, a generated alias with a blank reads back.
+    bool AliasesQuoted() const { return O.Dialect != TGeneratorDialect::Generic; }
+    const TNames& Names() const;
+    std::string Quote(const std::string& name) const;
+    std::string MaybeLower(const char* name);
+    std::string Number();
+    std::string FieldAlias(int item);
+    std::string Head();
+    std::string Tail();
 
     void MakeTables();
     std::string Column(bool selectList);
@@ -162,14 +238,19 @@ void TGenerator::MakeTables()
             } else {
                 const int style = O.ExoticNames ? Pick(10) : 0;
                 const std::string suffix = "_" + std::to_string(i);
+                const TNames& names = Names();
                 if (style == 7)
-                    name = std::string(Any(LowerTables)) + suffix;
-                else if (style == 8)
-                    name = "\"" + std::string(Any(BlankTables)) + " " + std::to_string(i) + "\"";
-                else if (style == 9)
-                    name = Any(KeywordTables);
+                    name = std::string(Any(names.LowerTables)) + suffix;
+                else if (style == 8 && IsDialect1() && aliased)
+                    // A string names the table; it is folded to upper case with underscores.
+                    name =
+                        "\"" + std::string(Any(names.BlankTables)) + " " + std::to_string(i) + "\"";
+                else if (style == 8 && !IsDialect1())
+                    name = Quote(std::string(Any(names.BlankTables)) + " " + std::to_string(i));
+                else if (style == 9 && !names.KeywordTables.empty())
+                    name = Quote(Any(names.KeywordTables));
                 else
-                    name = std::string(Any(PlainTables)) + suffix;
+                    name = MaybeLower(Any(names.PlainTables)) + suffix;
                 if (UsedNames.count(name))
                     name = std::string(PlainTables[0]) + suffix;
             }
@@ -198,20 +279,21 @@ void TGenerator::MakeTables()
 
 std::string TGenerator::Column(bool selectList)
 {
+    const TNames& names = Names();
     const int style = O.ExoticNames ? Pick(12) : 0;
     if (style == 9)
-        return Any(LowerColumns);
-    if (style == 10) {
-        const std::string name = Any(BlankColumns);
+        return Any(names.LowerColumns);
+    if (style == 10 && !names.BlankColumns.empty()) {
+        const std::string name = Quote(Any(names.BlankColumns));
         // A second field of that name would get an alias with a blank, which prints as
         // written and cannot be read back: keep such names once in the select list.
-        if (!selectList || UsedBlankColumns.insert(name).second)
+        if (!selectList || AliasesQuoted() || UsedBlankColumns.insert(name).second)
             return name;
-        return PlainColumns[0];
+        return names.PlainColumns[0];
     }
-    if (style == 11)
-        return Any(KeywordColumns);
-    return Any(PlainColumns);
+    if (style == 11 && !names.KeywordColumns.empty())
+        return Quote(Any(names.KeywordColumns));
+    return MaybeLower(Any(names.PlainColumns));
 }
 
 std::string TGenerator::ColumnRef(int table, bool selectList)
@@ -228,6 +310,16 @@ std::string TGenerator::AnyColumnRef(bool selectList)
 
 std::string TGenerator::Literal()
 {
+    if (O.Dialect != TGeneratorDialect::Generic) {
+        const TNameList literals = O.Dialect == TGeneratorDialect::MySQL ? TNameList(MyLiterals)
+                                   : IsDialect1() ? TNameList(IBDialect1Literals)
+                                                  : TNameList(IBLiterals);
+        // Half strings, half numbers.
+        const int pick = Pick(2 * int(literals.size()));
+        if (pick < int(literals.size()))
+            return literals[size_t(pick)];
+        return std::to_string(Pick(1000));
+    }
     switch (Pick(6)) {
     case 0:
         return "'abc'";
@@ -271,12 +363,12 @@ std::string TGenerator::SelectList()
             IdentifierFields.push_back(item);
         } else if (kind < 60) {
             const std::string ref = q + Column(true);
-            item = ref + " " + Kw("AS") + " AL" + std::to_string(i);
+            item = ref + " " + Kw("AS") + " " + FieldAlias(i);
             IdentifierFields.push_back(ref);
         } else if (kind < 80) {
             item = Fn(Any(Aggregates)) + "(" + q + Column(true) + ")";
             if (Chance(30))
-                item += " " + Kw("AS") + " AL" + std::to_string(i);
+                item += " " + Kw("AS") + " " + FieldAlias(i);
             HasAggregate = true;
         } else if (kind < 90) {
             item = q + Column(true) + (Chance(50) ? " + " : " * ") + std::to_string(Pick(10));
@@ -289,6 +381,8 @@ std::string TGenerator::SelectList()
             if (Chance(50)) {
                 item = Fn("COUNT") + "(*)";
                 HasAggregate = true;
+            } else if (O.Dialect != TGeneratorDialect::Generic && Chance(50)) {
+                item = Literal();
             } else {
                 item = std::to_string(Pick(100));
             }
@@ -354,16 +448,24 @@ std::string TGenerator::Comparison(bool having)
         return Chance(20) ? left + op + right : left + " " + op + " " + right;
     }
     case 6:
+        if (O.Dialect != TGeneratorDialect::Generic && Chance(50))
+            return left + " " + Kw("LIKE") + " " + Literal();
         return left + " " + Kw("LIKE") + " 'A%'";
     case 7:
         return left + " " + Kw("NOT LIKE") + " '%z'";
     case 8:
         return left + " " + Kw("IN") + " (1, 2, 3)";
     case 9:
+        // The list is kept as written, the dialect's string quotes and escapes included.
+        if (O.Dialect != TGeneratorDialect::Generic && Chance(50))
+            return left + " " + Kw("NOT IN") + " (" + Literal() + ", " + Literal() + ")";
         return left + " " + Kw("NOT IN") + " ('a','b')";
     case 10:
         return left + " " + Kw("BETWEEN") + " 1 " + Kw("AND") + " " + std::to_string(Pick(100));
     case 11:
+        if (O.Dialect != TGeneratorDialect::Generic && Chance(50))
+            return left + " " + Kw("NOT BETWEEN") + " " + Literal() + " " + Kw("AND") + " " +
+                   Literal();
         return left + " " + Kw("NOT BETWEEN") + " 'a' " + Kw("AND") + " 'm'";
     case 12:
         return left + " " + Kw("IS NULL");
@@ -413,8 +515,9 @@ std::string TGenerator::Statement()
 {
     MakeTables();
     std::string text = Kw("SELECT") + " ";
+    text += Head();
     if (Chance(O.DistinctPercent))
-        text += Kw("DISTINCT") + " ";
+        text += Kw(O.Dialect == TGeneratorDialect::MySQL ? Any(MyFilters) : "DISTINCT") + " ";
     text += SelectList();
     text += Space() + Kw("FROM") + " " + FromClause();
     const int conditions = Range(O.MinConditions, O.MaxConditions);
@@ -452,7 +555,115 @@ std::string TGenerator::Statement()
                 text += " " + Kw("DESC");
         }
     }
-    return text;
+    return text + Tail();
+}
+
+const TNames& TGenerator::Names() const
+{
+    switch (O.Dialect) {
+    case TGeneratorDialect::Generic:
+        break;
+    case TGeneratorDialect::InterBase:
+    case TGeneratorDialect::Firebird:
+        return IsDialect1() ? IBDialect1Names : IBNames;
+    case TGeneratorDialect::MySQL:
+        return MyNames;
+    }
+    return GenericNames;
+}
+
+std::string TGenerator::Quote(const std::string& name) const
+{
+    const char quote = O.Dialect == TGeneratorDialect::MySQL ? '`' : '"';
+    return quote + name + quote;
+}
+
+// InterBase reads an unquoted name in upper case, so it may be written in lower case.
+std::string TGenerator::MaybeLower(const char* name)
+{
+    std::string result = name;
+    if (IsIB() && Chance(25))
+        for (char& c : result)
+            if (c >= 'A' && c <= 'Z')
+                c = char(c - 'A' + 'a');
+    return result;
+}
+
+// Where aliases go through the quoting of names, an alias may be a quoted name with a blank.
+std::string TGenerator::FieldAlias(int item)
+{
+    if (AliasesQuoted() && !IsDialect1() && Chance(25))
+        return Quote("al " + std::to_string(item));
+    return "AL" + std::to_string(item);
+}
+
+// A row count or offset: mostly small, sometimes 0, sometimes up to the largest 32-bit value.
+std::string TGenerator::Number()
+{
+    switch (Pick(20)) {
+    case 0:
+        return "0";
+    case 1:
+        return "2147483647";
+    case 2:
+        return std::to_string(R() % 2147483648u);
+    default:
+        return std::to_string(Range(1, 100));
+    }
+}
+
+// The dialect's words between SELECT and the filter: Firebird's FIRST and SKIP (each
+// optional, FIRST first), MySQL's select options (each at most once, in any order).
+std::string TGenerator::Head()
+{
+    std::string result;
+    if (O.Dialect == TGeneratorDialect::Firebird) {
+        if (Chance(O.DialectClausePercent))
+            result += Kw("FIRST") + Space() + Number() + Space();
+        if (Chance(O.DialectClausePercent / 2))
+            result += Kw("SKIP") + Space() + Number() + Space();
+    } else if (O.Dialect == TGeneratorDialect::MySQL && Chance(O.DialectClausePercent / 2)) {
+        std::vector<const char*> options;
+        for (const char* option : MySelectOptions)
+            if (Chance(40))
+                options.push_back(option);
+        for (size_t i = options.size(); i > 1; --i)
+            std::swap(options[i - 1], options[size_t(Pick(int(i)))]);
+        for (const char* option : options)
+            result += Kw(option) + Space();
+    }
+    return result;
+}
+
+// The dialect's clause after the statement: InterBase's ROWS with any of its optional parts
+// in their order, MySQL's LIMIT in either form.
+std::string TGenerator::Tail()
+{
+    if (O.Dialect == TGeneratorDialect::InterBase && Chance(O.DialectClausePercent)) {
+        const int parts = Pick(16);
+        // ROWS 0 would print nothing once neither TO nor BY is above 0, losing PERCENT and
+        // WITH TIES: the first number is at least 1.
+        std::string number = Number();
+        if (number == "0")
+            number = "1";
+        std::string result = Space() + Kw("ROWS") + " " + number;
+        if (parts & 1)
+            result += Space() + Kw("TO") + " " + Number();
+        if (parts & 2)
+            result += Space() + Kw("BY") + " " + Number();
+        if (parts & 4)
+            result += Space() + Kw("PERCENT");
+        if (parts & 8)
+            result += Space() + Kw("WITH") + Space() + Kw("TIES");
+        return result;
+    }
+    if (O.Dialect == TGeneratorDialect::MySQL && Chance(O.DialectClausePercent)) {
+        std::string result = Space() + Kw("LIMIT") + " " + Number();
+        if (Chance(50))
+            result += (Chance(50) ? ", " : " ,") + Number();
+        return result;
+    }
+    return std::string();
 }
 
 } // namespace

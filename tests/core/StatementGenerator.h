@@ -17,6 +17,12 @@ namespace vdtest {
 // How aggregate function names are written in the generated text.
 enum class TFunctionCase { Upper, Lower, FirstUpper };
 
+// The server the statements are written for. A dialect brings its own identifier quotes,
+// string literals and names that must be quoted, and its own clauses: FIRST / SKIP after
+// SELECT (Firebird), ROWS at the end (InterBase), select options, the DISTINCT / DISTINCTROW /
+// ALL filter and LIMIT (MySQL).
+enum class TGeneratorDialect { Generic, InterBase, Firebird, MySQL };
+
 struct GeneratorOptions {
     int MinTables = 2;
     int MaxTables = 4;
@@ -38,6 +44,12 @@ struct GeneratorOptions {
     bool MixedKeywordCase = true; // select, From, WHERE, ...
     bool LineBreaks = true;       // CR LF between some clauses
     TFunctionCase FunctionCase = TFunctionCase::Upper;
+
+    TGeneratorDialect Dialect = TGeneratorDialect::Generic;
+    // InterBase and Firebird: 3 quotes names in "...", 1 has no quoted names ("..." is a
+    // string and a table name with blanks is folded to upper case with underscores).
+    int SqlDialect = 3;
+    int DialectClausePercent = 70; // share of statements with each clause of the dialect
 
     // 2-4 tables, 3-10 columns, 1-4 conditions: a statement of a few hundred bytes.
     static GeneratorOptions Typical();
