@@ -62,10 +62,12 @@ void TVdMySelectParser::DoParseSelectClause()
     CheckSelectListStart();
 }
 
-// After the words of the head the select list must begin, as after SELECT itself.
+// After the words of the head the select list must begin, as after SELECT itself; an option
+// after the filter is refused even where it is no keyword (SQL_BUFFER_RESULT).
 void TVdMySelectParser::CheckSelectListStart()
 {
-    if (State() == ssFieldDefs && !StartsSelectList())
+    TVdMySQLSelectOption option;
+    if (State() == ssFieldDefs && (!StartsSelectList() || IsOptionWord(option)))
         Fail();
 }
 
