@@ -1,5 +1,6 @@
 // Writes generated statements, one per line, for `vdsql bench`:
-//   vd_gen_statements typical|large COUNT [SEED]
+//   vd_gen_statements typical|large COUNT [SEED [DIALECT [SQL-DIALECT]]]
+// DIALECT is generic (default), interbase, firebird or mysql, as vdsql's --dialect.
 #include "tests/core/StatementGenerator.h"
 
 #include <cstdlib>
@@ -7,10 +8,30 @@
 #include <random>
 #include <string>
 
+namespace {
+
+bool ReadDialect(const std::string& name, vdtest::TGeneratorDialect& dialect)
+{
+    using vdtest::TGeneratorDialect;
+    if (name == "generic")
+        dialect = TGeneratorDialect::Generic;
+    else if (name == "interbase")
+        dialect = TGeneratorDialect::InterBase;
+    else if (name == "firebird")
+        dialect = TGeneratorDialect::Firebird;
+    else if (name == "mysql")
+        dialect = TGeneratorDialect::MySQL;
+    else
+        return false;
+    return true;
+}
+
+} // namespace
+
 int main(int argc, char** argv)
 {
     if (argc < 3) {
-        std::cerr << "usage: vd_gen_statements typical|large COUNT [SEED]\n";
+        std::cerr << "usage: vd_gen_statements typical|large COUNT [SEED [DIALECT [1|3]]]\n";
         return 2;
     }
     const std::string kind = argv[1];
@@ -20,6 +41,12 @@ int main(int argc, char** argv)
     }
     vdtest::GeneratorOptions options =
         kind == "typical" ? vdtest::GeneratorOptions::Typical() : vdtest::GeneratorOptions::Large();
+    if (argc > 4 && !ReadDialect(argv[4], options.Dialect)) {
+        std::cerr << "vd_gen_statements: unknown dialect '" << argv[4] << "'\n";
+        return 2;
+    }
+    if (argc > 5)
+        options.SqlDialect = std::atoi(argv[5]) == 1 ? 1 : 3;
     // vdsql bench reads one statement per line.
     options.LineBreaks = false;
     const int count = std::atoi(argv[2]);
