@@ -1192,3 +1192,22 @@ TEST(IBRoundTrip, RowsZeroToReadsBack)
     ExpectRows(again->IBOptions(), 0, 5, 0, false, false);
     EXPECT_EQ(again->GetExpression(), printed);
 }
+
+// Every combination of the optional parts of ROWS, in their one accepted order, prints back as
+// written after the last clause.
+TEST(IBGolden, EveryRowsCombinationPrintsAsWritten)
+{
+    for (int parts = 0; parts < 16; ++parts) {
+        std::string rows = "ROWS 10";
+        if (parts & 1)
+            rows += " TO 20";
+        if (parts & 2)
+            rows += " BY 2";
+        if (parts & 4)
+            rows += " PERCENT";
+        if (parts & 8)
+            rows += " WITH TIES";
+        SCOPED_TRACE(rows);
+        EXPECT_EQ(Print("SELECT A FROM T " + rows), "SELECT \r\n  T.A\r\nFROM\r\n  T\r\n" + rows);
+    }
+}
