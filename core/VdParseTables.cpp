@@ -45,7 +45,9 @@ std::string StringAsName(const TVdSQLScanner& scanner, const std::string& plain,
 // A name the text gives quoted is kept without its quotes when printing it brings the same
 // quotes back, and as written otherwise ("my t", "a.b"): the model's text then reads back
 // to itself.
-std::string ModelText(const TVdSQLScanner& scanner, const std::string& content,
+// fold: whether a name that prints bare may drop its quotes (names, and aliases of dialects
+// that print aliases as names; an alias printed as written keeps the quotes it was given).
+std::string ModelText(const TVdSQLScanner& scanner, const std::string& content, bool fold,
                       const std::function<std::string(const std::string&)>& print)
 {
     const char quote = scanner.TokenQuote();
@@ -57,7 +59,7 @@ std::string ModelText(const TVdSQLScanner& scanner, const std::string& content,
     if (printed == raw)
         return plain;
     // "CUSTOMER" where CUSTOMER prints bare and reads back as the same name.
-    if (quote == scanner.GetIdentQuote() && plain.find('.') == std::string::npos &&
+    if (fold && quote == scanner.GetIdentQuote() && plain.find('.') == std::string::npos &&
         ReadBack(scanner, printed) == plain)
         return plain;
     if (!scanner.IsIdentQuote(quote))
@@ -76,7 +78,7 @@ std::string TVdSelectParser::NameText() const
     const TVdSQLScanner& scanner = Scanner();
     if (!scanner.TokenQuoted())
         return scanner.ProcessIdent(Token());
-    return ModelText(scanner, Token(),
+    return ModelText(scanner, Token(), true,
                      [this](const std::string& name) { return ProcessItemName(name); });
 }
 
@@ -85,9 +87,10 @@ std::string TVdSelectParser::AliasText() const
     const TVdSQLScanner& scanner = Scanner();
     if (!scanner.TokenQuoted())
         return scanner.ProcessIdent(Token());
-    return ModelText(scanner, Token(), [&scanner](const std::string& alias) {
-        return scanner.GetProcessAliases() ? scanner.ProcessName(alias) : alias;
-    });
+    return ModelText(scanner, Token(), scanner.GetProcessAliases(),
+                     [&scanner](const std::string& alias) {
+                         return scanner.GetProcessAliases() ? scanner.ProcessName(alias) : alias;
+                     });
 }
 
 std::string TVdSelectParser::ProcessItemName(const std::string& name) const
@@ -154,6 +157,11 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
         table = tables.FindByAlias(*alias);
         if (!table)
             table = tables.FindByAlias(name);
+        // A quoted alias ("A1") that a qualifier of the select list named as a name (A1).
+        if (!table && alias->size() > 2 && alias->front() == Scanner().GetIdentQuote() &&
+            alias->back() == alias->front())
+            table = tables.FindByAlias(text::UndoubleQuotes(
+                std::string_view(*alias).substr(1, alias->size() - 2), alias->front()));
         if (!table) {
             TVdTableDef* byName = tables.FindByName(name);
             if (byName && (byName->Alias().empty() || byName->Alias() == name))

@@ -1294,3 +1294,13 @@ TEST(SelectParserGolden, TableStar)
     EXPECT_EQ(Print("SELECT C.* FROM CUSTOMERS C"),
               "SELECT \r\n  \"C\".*\r\nFROM\r\n  \"CUSTOMERS\" C\r\n");
 }
+
+// Aliases print as written in the generic dialect, so a quoted alias keeps its quotes even
+// where the name inside them would print bare.
+TEST(SelectParserSteps, QuotedAliasKeepsItsQuotes)
+{
+    auto parser = Parse("SELECT \"A1\".X FROM T \"A1\"");
+    ASSERT_EQ(parser->TableDefs().Count(), 1);
+    EXPECT_EQ(parser->TableDefs().Items(0)->Alias(), "\"A1\"");
+    EXPECT_EQ(parser->GetExpression(), "SELECT \r\n  \"A1\".\"X\"\r\nFROM\r\n  \"T\" \"A1\"\r\n");
+}
