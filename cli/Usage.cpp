@@ -4,6 +4,13 @@ namespace vdsql {
 
 namespace {
 
+// The dialect options, the same for every verb (a literal, so that it joins the texts below).
+#define DIALECT_OPTIONS                                                                            \
+    "  --dialect NAME        SQL dialect: generic (default), interbase, firebird\n"                \
+    "                        or mysql\n"                                                           \
+    "  --sql-dialect 1|3     InterBase/Firebird SQL dialect: 1 (double quotes are\n"               \
+    "                        strings) or 3 (quoted names; default)\n"
+
 const char* const OverviewText =
     "Usage: vdsql <verb> [options] [FILE]\n"
     "\n"
@@ -28,11 +35,7 @@ const char* const FormatText =
     "breaks. A lone LF in the input is read as CR LF. On a syntax error the\n"
     "message goes to standard error and the exit status is 1.\n"
     "\n"
-    "Options:\n"
-    "  --dialect NAME        SQL dialect: generic (default), interbase, firebird\n"
-    "                        or mysql\n"
-    "  --sql-dialect 1|3     InterBase/Firebird SQL dialect: 1 (double quotes are\n"
-    "                        strings) or 3 (quoted names; default)\n"
+    "Options:\n" DIALECT_OPTIONS
     "  --keywords MODE       letter case of keywords: asis (default), upper,\n"
     "                        lower or first (first letter upper)\n"
     "  --functions MODE      letter case of function names, as --keywords\n"
@@ -51,12 +54,7 @@ const char* const TokensText =
     "by tabs. A lone LF in the input is read as CR LF. An unterminated string\n"
     "ends the listing with the message on standard error and exit status 1.\n"
     "\n"
-    "Options:\n"
-    "  --dialect NAME        SQL dialect: generic (default), interbase, firebird\n"
-    "                        or mysql\n"
-    "  --sql-dialect 1|3     InterBase/Firebird SQL dialect: 1 (double quotes are\n"
-    "                        strings) or 3 (quoted names; default)\n"
-    "  -h, --help            show this help\n";
+    "Options:\n" DIALECT_OPTIONS "  -h, --help            show this help\n";
 
 const char* const BenchText =
     "Usage: vdsql bench [options] FILE\n"
@@ -70,13 +68,10 @@ const char* const BenchText =
     "Statements that fail to parse are counted and reported on standard error\n"
     "as 'ERRORS vdsql <count> first: <message>'.\n"
     "\n"
-    "Options:\n"
-    "  --dialect NAME        SQL dialect: generic (default), interbase, firebird\n"
-    "                        or mysql\n"
-    "  --sql-dialect 1|3     InterBase/Firebird SQL dialect: 1 (double quotes are\n"
-    "                        strings) or 3 (quoted names; default)\n"
-    "  --repeat N            number of rounds (default 1)\n"
+    "Options:\n" DIALECT_OPTIONS "  --repeat N            number of rounds (default 1)\n"
     "  -h, --help            show this help\n";
+
+#undef DIALECT_OPTIONS
 
 } // namespace
 

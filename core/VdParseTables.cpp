@@ -20,6 +20,19 @@ std::string ReadBack(const TVdSQLScanner& scanner, const std::string& printed)
     return scanner.IsIdentifier(word) ? word : std::string();
 }
 
+// A quoted name kept with its quotes: as written when it prints as written, else in identifier
+// quotes when those print unchanged ('a.b' would otherwise print split at its dot); empty when
+// neither.
+std::string KeptQuoted(const TVdSQLScanner& scanner, const std::string& plain,
+                       const std::string& raw,
+                       const std::function<std::string(const std::string&)>& print)
+{
+    if (print(raw) == raw)
+        return raw;
+    const std::string requoted = text::QuotedStr(plain, scanner.GetIdentQuote());
+    return print(requoted) == requoted ? requoted : std::string();
+}
+
 // A string standing where a name belongs, in a dialect that quotes identifiers otherwise
 // ("From" in back-quote dialects, "my t" where double quotes make strings): the name its text
 // reads back as once printed. Empty when it cannot be printed as a name at all (a keyword
@@ -34,12 +47,8 @@ std::string StringAsName(const TVdSQLScanner& scanner, const std::string& plain,
             return reread;
         return print(reread) == printed ? reread : std::string();
     }
-    if (print(raw) == raw)
-        return raw;
-    // 'a.b' would print split at its dot: in identifier quotes it stays one name.
-    const std::string requoted = text::QuotedStr(plain, scanner.GetIdentQuote());
     // Without identifier quotes a name with a dot in it cannot be written.
-    return print(requoted) == requoted ? requoted : std::string();
+    return KeptQuoted(scanner, plain, raw, print);
 }
 
 // A name the text gives quoted is kept without its quotes when printing it brings the same
@@ -64,11 +73,8 @@ std::string ModelText(const TVdSQLScanner& scanner, const std::string& content, 
         return plain;
     if (!scanner.IsIdentQuote(quote))
         return StringAsName(scanner, plain, raw, printed, print);
-    if (print(raw) == raw)
-        return raw;
-    // "a.b" would print split at its dot: in identifier quotes it stays one name.
-    const std::string requoted = text::QuotedStr(plain, scanner.GetIdentQuote());
-    return print(requoted) == requoted ? requoted : raw;
+    const std::string quoted = KeptQuoted(scanner, plain, raw, print);
+    return quoted.empty() ? raw : quoted;
 }
 
 } // namespace
@@ -160,8 +166,7 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
         // A quoted alias ("A1") that a qualifier of the select list named as a name (A1).
         if (!table && alias->size() > 2 && alias->front() == Scanner().GetIdentQuote() &&
             alias->back() == alias->front())
-            table = tables.FindByAlias(text::UndoubleQuotes(
-                std::string_view(*alias).substr(1, alias->size() - 2), alias->front()));
+            table = tables.FindByAlias(ReadBack(Scanner(), *alias));
         if (!table) {
             TVdTableDef* byName = tables.FindByName(name);
             if (byName && (byName->Alias().empty() || byName->Alias() == name))

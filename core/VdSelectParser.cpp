@@ -306,8 +306,8 @@ bool TVdSelectParser::StartsSelectList() const
 {
     const TTokenKind kind = Kind();
     const bool star = !Scanner().TokenQuoted() && Token() == "*";
-    return star || kind == tkFunction || kind == tkInteger || kind == tkFloat ||
-           kind == tkString || kind == tkIdent || kind == tkIdentString;
+    return star || kind == tkFunction || kind == tkInteger || kind == tkFloat || kind == tkString ||
+           kind == tkIdent || kind == tkIdentString;
 }
 
 void TVdSelectParser::DoParseIntoClause() { FState = ssError; }
@@ -626,13 +626,18 @@ bool TVdSelectParser::IsClauseToken() const
     return !Scanner().TokenQuoted() && (Kind() == tkKeyword || IsJoinDef(Token()));
 }
 
-bool TVdSelectParser::IntegerToken(std::int32_t& value) const
+bool TVdSelectParser::ReadInteger(std::int32_t& value)
 {
-    if (Kind() != tkInteger || Scanner().TokenQuoted())
-        return false;
+    Next();
     const std::string& token = Token();
-    const auto [end, error] = std::from_chars(token.data(), token.data() + token.size(), value);
-    return error == std::errc() && end == token.data() + token.size();
+    const char* last = token.data() + token.size();
+    const auto [end, error] = std::from_chars(token.data(), last, value);
+    if (Kind() != tkInteger || Scanner().TokenQuoted() || error != std::errc() || end != last) {
+        Fail();
+        return false;
+    }
+    Next();
+    return true;
 }
 
 bool TVdSelectParser::IsOperandKind() const

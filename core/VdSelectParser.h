@@ -158,8 +158,9 @@ protected:
     // break that ends the last clause).
     // A select list without FROM is printed alone.
     std::string StatementScript(const std::string& head, const std::string& tail);
-    // Reads an integer token as a 32-bit signed value; false when the token is none or too large.
-    bool IntegerToken(std::int32_t& value) const;
+    // Reads the token after the current one as a 32-bit signed integer and moves past it (the
+    // number of a dialect clause: LIMIT 5, ROWS 10); fails the parse when it is no such number.
+    bool ReadInteger(std::int32_t& value);
     // A name that can stand as an alias: "" cannot.
     bool IsAliasToken() const;
     bool IsOperandKind() const;

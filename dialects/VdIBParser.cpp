@@ -7,11 +7,7 @@ TVdIBSelectParser::TVdIBSelectParser()
 {
 }
 
-TVdIBSelectParser::~TVdIBSelectParser()
-{
-    FFBOptions.reset();
-    FIBOptions.reset();
-}
+TVdIBSelectParser::~TVdIBSelectParser() = default;
 
 std::unique_ptr<TVdSQLScanner> TVdIBSelectParser::CreateScanner()
 {
@@ -37,24 +33,13 @@ void TVdIBSelectParser::SetFBOptions(const TVdFBOptions& options)
         FFBOptions->Assign(options);
 }
 
-bool TVdIBSelectParser::ReadNumber(std::int32_t& value)
-{
-    Next();
-    if (!IntegerToken(value)) {
-        Fail();
-        return false;
-    }
-    Next();
-    return true;
-}
-
 // SELECT FIRST 5 SKIP 10 ...: both optional, FIRST before SKIP, Firebird only.
 void TVdIBSelectParser::DoParseSelectClause()
 {
     if (FSQLServer == qssFireBird) {
-        if (IsWord("FIRST") && !ReadNumber(FFBOptions->First))
+        if (IsWord("FIRST") && !ReadInteger(FFBOptions->First))
             return;
-        if (IsWord("SKIP") && !ReadNumber(FFBOptions->Skip))
+        if (IsWord("SKIP") && !ReadInteger(FFBOptions->Skip))
             return;
     }
     TVdSelectParser::DoParseSelectClause();
@@ -66,11 +51,11 @@ void TVdIBSelectParser::DoParseAppendix()
     if (FSQLServer != qssInterBase || !IsWord("ROWS"))
         return TVdSelectParser::DoParseAppendix();
     TVdIBOptions& rows = *FIBOptions;
-    if (!ReadNumber(rows.RowsFrom))
+    if (!ReadInteger(rows.RowsFrom))
         return;
-    if (IsWord("TO") && !ReadNumber(rows.RowsTo))
+    if (IsWord("TO") && !ReadInteger(rows.RowsTo))
         return;
-    if (IsWord("BY") && !ReadNumber(rows.RowsBy))
+    if (IsWord("BY") && !ReadInteger(rows.RowsBy))
         return;
     if (IsWord("PERCENT")) {
         rows.Percent = true;
@@ -93,8 +78,8 @@ std::string TVdIBSelectParser::GetExpression()
         head += FFBOptions->GetScript();
     if (GetDistinct())
         head += ProcessKeyword("DISTINCT") + " ";
-    return StatementScript(head, FSQLServer == qssInterBase ? FIBOptions->GetScript()
-                                                            : std::string());
+    return StatementScript(head,
+                           FSQLServer == qssInterBase ? FIBOptions->GetScript() : std::string());
 }
 
 } // namespace vd

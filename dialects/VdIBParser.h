@@ -34,10 +34,7 @@ public:
     void SetSQLServer(TVdIBSQLServer value) { FSQLServer = value; }
 
 private:
-    // Reads the integer after a clause word into value and the token after it; fails the
-    // parse when there is none.
-    bool ReadNumber(std::int32_t& value);
-
+    // Declared in this order, so FBOptions is freed before IBOptions.
     std::unique_ptr<TVdIBOptions> FIBOptions;
     std::unique_ptr<TVdFBOptions> FFBOptions;
     TVdIBSQLServer FSQLServer = qssInterBase;

@@ -106,19 +106,15 @@ void TVdMySelectParser::DoParseAppendix()
 {
     if (!IsWord("LIMIT"))
         return TVdSelectParser::DoParseAppendix();
-    Next();
     std::int32_t first = 0;
-    if (!IntegerToken(first))
-        return Fail();
-    Next();
+    if (!ReadInteger(first))
+        return;
     if (IsDelimToken(',')) {
-        Next();
         std::int32_t rows = 0;
-        if (!IntegerToken(rows))
-            return Fail();
+        if (!ReadInteger(rows))
+            return;
         FMySQLOptions->LimitOffset = first;
         FMySQLOptions->LimitRows = rows;
-        Next();
     } else {
         FMySQLOptions->LimitOffset = 0;
         FMySQLOptions->LimitRows = first;
