@@ -17,6 +17,20 @@ PACKAGES=(
     sqlite3
     libsqlite3-dev
     clang
+    libclang-rt-14-dev
+    llvm
+    # Qt: the engine suite talks to the databases through QtSql.
+    qt6-base-dev
+    libqt6sql6-sqlite
+    libqt6sql6-psql
+    libqt6sql6-mysql
+    libqt6sql6-ibase
+    # Database engines the printed SQL is run on (private instances only).
+    postgresql-15
+    mariadb-server
+    mariadb-client
+    firebird3.0-server
+    firebird3.0-utils
 )
 
 missing=()
@@ -53,6 +67,28 @@ run() {
         exit 1
     fi
 }
+
+# Package scripts must not start the machine-wide database services: the
+# tests run private instances on loopback only. policy-rc.d (exit 101) tells
+# invoke-rc.d to leave services alone while we install; an existing policy
+# is put back afterwards.
+policy=/usr/sbin/policy-rc.d
+saved_policy=""
+if [[ -e "$policy" ]]; then
+    saved_policy=$(mktemp)
+    run "${SUDO[@]}" cp -p "$policy" "$saved_policy"
+fi
+restore_policy() {
+    if [[ -n "$saved_policy" ]]; then
+        "${SUDO[@]}" cp -p "$saved_policy" "$policy"
+        rm -f "$saved_policy"
+    else
+        "${SUDO[@]}" rm -f "$policy"
+    fi
+}
+trap 'restore_policy; rm -f "$log"' EXIT
+printf '#!/bin/sh\nexit 101\n' | run "${SUDO[@]}" tee "$policy"
+run "${SUDO[@]}" chmod 755 "$policy"
 
 run "${SUDO[@]}" apt-get update -qq
 run "${SUDO[@]}" env DEBIAN_FRONTEND=noninteractive \
