@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <cstdio>
 #include <exception>
 #include <memory>
 
@@ -27,19 +28,38 @@ std::vector<std::pair<QString, QString>> QtParams(const TFamilyStatement& entry)
     return params;
 }
 
+bool CreateSchema(TEngineDatabase& db)
+{
+    for (const std::string& statement : SchemaStatements(db.Engine()))
+        if (!db.Exec(statement)) {
+            SuiteError() = "creating the schema failed at\n  " + statement + "\n" + db.Error();
+            return false;
+        }
+    return true;
+}
+
+// A server's schema is created once, by the fixture that starts the server; SQLite's lives
+// in the memory of each test process.
 std::unique_ptr<TEngineDatabase> OpenSuiteDatabase()
 {
     auto db = std::make_unique<TEngineDatabase>(SuiteEngine);
-    if (!db->Open()) {
+    if (!db->Open())
         SuiteError() = db->Error();
-        return db;
-    }
-    for (const std::string& statement : SchemaStatements(SuiteEngine))
-        if (!db->Exec(statement)) {
-            SuiteError() = "creating the schema failed at\n  " + statement + "\n" + db->Error();
-            break;
-        }
+    else if (SuiteEngine == TEngine::SQLite)
+        CreateSchema(*db);
     return db;
+}
+
+// The fixture's step: --vd-create-schema fills the server the tests will use.
+int CreateServerSchema()
+{
+    TEngineDatabase db(SuiteEngine);
+    if (!db.Open() || !CreateSchema(db)) {
+        fprintf(stderr, "%s: %s\n", EngineName(SuiteEngine),
+                SuiteError().empty() ? db.Error().c_str() : SuiteError().c_str());
+        return 1;
+    }
+    return 0;
 }
 
 } // namespace
@@ -133,6 +153,8 @@ TEST_P(EngineStatement, RunsAndMatchesReference)
 int main(int argc, char** argv)
 {
     QCoreApplication app(argc, argv);
+    if (argc == 2 && std::string(argv[1]) == "--vd-create-schema")
+        return vdengine::CreateServerSchema();
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -148,7 +148,7 @@ std::vector<TFamilyStatement> FirebirdStatements()
         CustomerOrdersSql("", " ROWS 1 TO 3"), true));
     family.push_back(Parsed("FirebirdLowerCaseNames", emFirebird,
                             "select c.name, o.id from customers c inner join orders o"
-                            " on c.id = o.customer_id where (o.status = 'SHIPPED')"));
+                            " on c.id = o.customer_id where (o.state = 'SHIPPED')"));
     family.push_back(Parsed("FirebirdKeywordAlias", emFirebird,
                             "SELECT C.NAME AS \"POSITION\" FROM CUSTOMERS C"));
     return family;

@@ -36,7 +36,7 @@ std::vector<TFamilyStatement> ParsedStatements()
         Parsed("TypedColumnsOfProducts", "SELECT P.ID, P.NAME, P.SUPPLIER_ID, P.PRICE, P.WEIGHT,"
                                          " P.STOCK, P.PICTURE FROM PRODUCTS P"),
         Parsed("TypedColumnsOfCustomers", "SELECT C.ID, C.COUNTRY, C.CREDIT_LIMIT, C.CREATED,"
-                                          " C.ACTIVE, C.NOTES FROM CUSTOMERS C"),
+                                          " C.ENABLED, C.NOTES FROM CUSTOMERS C"),
         Parsed("TypedColumnsOfEmployees", "SELECT E.FIRST_NAME, E.MANAGER_ID, E.HIRED, E.SALARY,"
                                           " E.EXTENSION FROM EMPLOYEES E"),
         Parsed("TypedColumnsOfSuppliers", "SELECT S.NAME, S.PHONE, S.OPENS, S.RATING"
@@ -85,7 +85,7 @@ std::vector<TFamilyStatement> ParsedStatements()
         Parsed("WhereIn", "SELECT C.NAME FROM CUSTOMERS C WHERE (C.ID IN (1, 3, 4))"),
         Parsed("WhereInStrings", "SELECT C.NAME FROM CUSTOMERS C"
                                  " WHERE (C.COUNTRY IN ('FR', 'GB'))"),
-        Parsed("WhereNotIn", "SELECT O.ID FROM ORDERS O WHERE (O.STATUS NOT IN ('OPEN'))"),
+        Parsed("WhereNotIn", "SELECT O.ID FROM ORDERS O WHERE (O.STATE NOT IN ('OPEN'))"),
         Parsed("WhereBetween", "SELECT P.NAME FROM PRODUCTS P WHERE (P.PRICE BETWEEN 5 AND 50)"),
         Parsed("WhereNotBetween", "SELECT P.NAME FROM PRODUCTS P"
                                   " WHERE (P.STOCK NOT BETWEEN 1 AND 100)"),
@@ -93,9 +93,9 @@ std::vector<TFamilyStatement> ParsedStatements()
         Parsed("WhereIsNotNull", "SELECT C.NAME FROM CUSTOMERS C WHERE (C.NOTES IS NOT NULL)"),
         // TRUE is no keyword of the generic or MySQL dialect: there it is a name and prints
         // quoted (see the engines' own tests); SQLite and MariaDB keep booleans as numbers.
-        Parsed("WhereBoolean", "SELECT C.NAME FROM CUSTOMERS C WHERE (C.ACTIVE = TRUE)",
+        Parsed("WhereBoolean", "SELECT C.NAME FROM CUSTOMERS C WHERE (C.ENABLED = TRUE)",
                emPostgreSQL | emFirebird),
-        Parsed("WhereBooleanAsNumber", "SELECT C.NAME FROM CUSTOMERS C WHERE (C.ACTIVE = 1)",
+        Parsed("WhereBooleanAsNumber", "SELECT C.NAME FROM CUSTOMERS C WHERE (C.ENABLED = 1)",
                emSQLite | emMariaDB),
         Parsed("WhereStringWithQuote", "SELECT C.CITY FROM CUSTOMERS C"
                                        " WHERE (C.NAME = 'O''Brien')"),
@@ -112,7 +112,7 @@ std::vector<TFamilyStatement> ParsedStatements()
                              " WHERE NOT ((C.CITY = 'Paris') OR (C.CITY = 'Lyon'))"),
         Parsed("WhereNestedGroups",
                "SELECT O.ID FROM ORDERS O"
-               " WHERE ((O.STATUS = 'SHIPPED') OR (O.STATUS = 'OPEN'))"
+               " WHERE ((O.STATE = 'SHIPPED') OR (O.STATE = 'OPEN'))"
                " AND ((O.CUSTOMER_ID = 1) OR ((O.EMPLOYEE_ID = 2) AND (O.ID > 2)))"),
         Parsed("WhereNegatedGroupInside",
                "SELECT C.NAME FROM CUSTOMERS C"
@@ -129,7 +129,7 @@ std::vector<TFamilyStatement> ParsedStatements()
         Parsed("GroupByJoinHaving", "SELECT C.NAME, SUM(L.QUANTITY) AS ITEMS FROM CUSTOMERS C"
                                     " INNER JOIN ORDERS O ON C.ID = O.CUSTOMER_ID"
                                     " INNER JOIN ORDER_LINES L ON O.ID = L.ORDER_ID"
-                                    " WHERE (O.STATUS <> 'CANCELLED')"
+                                    " WHERE (O.STATE <> 'CANCELLED')"
                                     " GROUP BY C.NAME HAVING (SUM(L.QUANTITY) >= 6)"),
         Parsed("HavingGroups", "SELECT L.PRODUCT_ID, COUNT(*) AS LINE_COUNT, MAX(L.QUANTITY) AS"
                                " MOST FROM ORDER_LINES L GROUP BY L.PRODUCT_ID"
@@ -144,8 +144,8 @@ std::vector<TFamilyStatement> ParsedStatements()
         Parsed("EveryClause",
                "SELECT DISTINCT C.COUNTRY, COUNT(*) AS ORDER_COUNT FROM CUSTOMERS C"
                " LEFT OUTER JOIN ORDERS O ON C.ID = O.CUSTOMER_ID"
-               " WHERE (C.CREDIT_LIMIT > 0) AND ((O.STATUS = 'SHIPPED') OR (O.STATUS IS NULL)"
-               " OR (O.STATUS = 'CANCELLED'))"
+               " WHERE (C.CREDIT_LIMIT > 0) AND ((O.STATE = 'SHIPPED') OR (O.STATE IS NULL)"
+               " OR (O.STATE = 'CANCELLED'))"
                " GROUP BY C.COUNTRY HAVING (COUNT(*) >= 1) ORDER BY C.COUNTRY"),
     };
 }

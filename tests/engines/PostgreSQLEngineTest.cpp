@@ -1,9 +1,82 @@
+// The family on a private PostgreSQL server, printed by the generic parser with
+// QuoteIdentifiers off (the server folds unquoted names to lower case, the schema's and the
+// printed ones alike); then the prints PostgreSQL refuses, each with the reason it stays.
+
 #include "tests/engines/EngineSuite.h"
+
+#include "dialects/VdMyParser.h"
 
 namespace vdengine {
 
 const TEngine SuiteEngine = TEngine::PostgreSQL;
 
 VD_ENGINE_FAMILY(PostgreSQL);
+
+// With the default setting the generic dialect quotes every name as the model holds it;
+// PostgreSQL folds the unquoted names of the schema to lower case, so "CUSTOMERS" is
+// another table. Quoting keeps names with blanks and keywords intact: it stays the
+// default, and the README names the setting for this engine (QuoteIdentifiers off).
+TEST(PostgreSQLRefuses, QuotedNamesOfTheDefaultSetting)
+{
+    ASSERT_TRUE(SuiteDatabaseReady());
+    const TFamilyStatement entry = FamilyEntry("InnerJoin");
+    vd::TVdSelectParser parser;
+    parser.SetExpression(entry.Text);
+    const std::string printed = parser.GetExpression();
+    EXPECT_NE(printed.find("\"CUSTOMERS\" C"), std::string::npos) << printed;
+    EXPECT_TRUE(Refuses(entry, printed, "relation \"CUSTOMERS\" does not exist"));
+}
+
+namespace {
+
+// The MySQL dialect without identifier quotes: names print bare, LIMIT as MySQL writes it.
+std::string MySQLPrint(const std::string& text)
+{
+    vd::TVdMySelectParser parser;
+    parser.Scanner().SetQuoteIdentifiers(false);
+    parser.SetExpression(text);
+    return parser.GetExpression();
+}
+
+} // namespace
+
+// PostgreSQL has LIMIT n but not MySQL's LIMIT offset, count: the MySQL dialect prints the
+// clause its own servers read.
+TEST(PostgreSQLRefuses, LimitWithOffsetAndCount)
+{
+    ASSERT_TRUE(SuiteDatabaseReady());
+    const TFamilyStatement entry = FamilyEntry("MySQLLimitOffset");
+    const std::string printed = MySQLPrint(entry.Text);
+    EXPECT_NE(printed.find("\r\nLIMIT 1, 2"), std::string::npos) << printed;
+    EXPECT_TRUE(Refuses(entry, printed, "LIMIT #,# syntax is not supported"));
+}
+
+// The same dialect's LIMIT n runs: measured, for the README's table of settings.
+TEST(PostgreSQLRuns, LimitOfTheMySQLDialectWithoutOffset)
+{
+    ASSERT_TRUE(SuiteDatabaseReady());
+    const TFamilyStatement entry = FamilyEntry("MySQLLimit");
+    const std::string printed = MySQLPrint(entry.Text);
+    EXPECT_NE(printed.find("\r\nLIMIT 2"), std::string::npos) << printed;
+    TRows rows;
+    ASSERT_TRUE(Runs(entry, printed, rows));
+    TRows reference;
+    ASSERT_TRUE(Runs(entry, entry.Text, reference));
+    EXPECT_EQ(rows, reference);
+    EXPECT_EQ(rows.size(), 2u);
+}
+
+// GROUP BY is rebuilt from the plain columns of the select list; an expression beside an
+// aggregate is not grouped, which PostgreSQL refuses. Group by the expression's columns
+// (tick them as fields) instead.
+TEST(PostgreSQLRefuses, GroupByListsPlainColumnsOnly)
+{
+    ASSERT_TRUE(SuiteDatabaseReady());
+    const TFamilyStatement entry = FamilyEntry("BuiltExpressionBesideAggregate");
+    std::string printed;
+    ASSERT_TRUE(PrintFor(TEngine::PostgreSQL, entry, printed));
+    EXPECT_NE(printed.find("GROUP BY\r\n  L.ORDER_ID\r\n"), std::string::npos) << printed;
+    EXPECT_TRUE(Refuses(entry, printed, "must appear in the GROUP BY clause"));
+}
 
 } // namespace vdengine

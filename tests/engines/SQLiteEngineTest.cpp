@@ -32,7 +32,7 @@ TEST(SQLiteDeliberate, TrueIsANameAndReadsAsAString)
     const TFamilyStatement entry = FamilyEntry("WhereBoolean");
     std::string printed;
     ASSERT_TRUE(PrintFor(TEngine::SQLite, entry, printed));
-    EXPECT_NE(printed.find("(\"C\".\"ACTIVE\" = \"TRUE\")"), std::string::npos) << printed;
+    EXPECT_NE(printed.find("(\"C\".\"ENABLED\" = \"TRUE\")"), std::string::npos) << printed;
     TRows rows;
     ASSERT_TRUE(Runs(entry, printed, rows));
     EXPECT_TRUE(rows.empty()) << rows.size() << " rows";
