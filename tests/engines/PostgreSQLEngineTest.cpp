@@ -27,6 +27,26 @@ TEST(PostgreSQLRefuses, QuotedNamesOfTheDefaultSetting)
     EXPECT_TRUE(Refuses(entry, printed, "relation \"CUSTOMERS\" does not exist"));
 }
 
+// Even a table created with a quoted upper-case name does not help while the statement has
+// aliases: the generic dialect prints an alias as written ("CUSTOMERS" C, folded to c) and
+// quotes it where it qualifies a column ("C"."NAME").
+TEST(PostgreSQLRefuses, BareAliasBesideQuotedQualifier)
+{
+    ASSERT_TRUE(SuiteDatabaseReady());
+    TEngineDatabase& db = SuiteDatabase();
+    ASSERT_TRUE(db.Exec("CREATE TABLE IF NOT EXISTS \"CUSTOMERS\" (\"ID\" INTEGER, \"NAME\" TEXT)"))
+        << db.Error();
+    TFamilyStatement entry;
+    entry.Text = "SELECT C.ID, C.NAME FROM CUSTOMERS C";
+    vd::TVdSelectParser parser;
+    parser.SetExpression(entry.Text);
+    const std::string printed = parser.GetExpression();
+    EXPECT_NE(printed.find("\"CUSTOMERS\" C"), std::string::npos) << printed;
+    EXPECT_TRUE(Refuses(entry, printed, "missing FROM-clause entry for table \"C\""));
+    TRows rows;
+    EXPECT_TRUE(Runs(entry, "SELECT \"CUSTOMERS\".\"ID\" FROM \"CUSTOMERS\"", rows));
+}
+
 namespace {
 
 // The MySQL dialect without identifier quotes: names print bare, LIMIT as MySQL writes it.
