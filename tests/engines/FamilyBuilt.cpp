@@ -124,6 +124,14 @@ void EveryOperator(TVdSelectParser& p)
     AddComparison(where, "P.NAME", fkIdentifier, "=", {{"Gadget", fkString}});
 }
 
+// A string value entered in the criteria grid, with a backslash in it.
+void BackslashString(TVdSelectParser& p)
+{
+    TVdTableDef* c = AddTable(p, "CUSTOMERS", "C");
+    AddField(*c, "NAME");
+    AddComparison(p.WhereItems(), "C.NOTES", fkIdentifier, "=", {{R"(C:\temp)", fkString}});
+}
+
 void JoinOfKind(TVdSelectParser& p, TVdJoinKind kind, const char* operation)
 {
     TVdTableDef* pr = AddTable(p, "PRODUCTS", "P");
@@ -220,6 +228,9 @@ std::vector<TFamilyStatement> BuiltStatements()
               "SELECT * FROM ORDERS O INNER JOIN ORDER_LINES L ON O.ID = L.ORDER_ID"),
         Built("BuiltComputedField", Computed,
               "SELECT L.ORDER_ID, L.QUANTITY * L.UNIT_PRICE AS AMOUNT FROM ORDER_LINES L"),
+        // MySQL strings are held in the dialect's own escapes (MariaDB's test shows it).
+        Built("BuiltBackslashString", BackslashString,
+              R"(SELECT C.NAME FROM CUSTOMERS C WHERE C.NOTES = 'C:\temp')", emAll & ~emMariaDB),
         Built("BuiltTotals", Totals,
               "SELECT COUNT(*) AS ORDER_COUNT, MIN(ORDER_DATE) AS FIRST_ORDER,"
               " MAX(SHIPPED) AS LAST_SHIPPED FROM ORDERS"),

@@ -99,6 +99,29 @@ TEST(MariaDBDeliberate, KeywordOfTheListNamesAColumnOnlyQuoted)
     EXPECT_EQ(rows, reference);
 }
 
+// The MySQL dialect holds a string in MySQL's own escapes, as the text had it: a value
+// entered through the API is written between apostrophes as it is, so a backslash in it
+// begins an escape (C:\temp is C, colon, tab, "emp"). Enter C:\\temp for C:\temp.
+TEST(MariaDBDeliberate, ApiStringsAreInTheDialectsEscapes)
+{
+    ASSERT_TRUE(SuiteDatabaseReady());
+    const TFamilyStatement entry = FamilyEntry("BuiltBackslashString");
+    const std::string printed = PrintedOrFail(entry);
+    EXPECT_NE(printed.find(R"((`C`.`NOTES` = 'C:\temp'))"), std::string::npos) << printed;
+    TRows rows;
+    ASSERT_TRUE(Runs(entry, printed, rows));
+    EXPECT_TRUE(rows.empty()) << rows.size() << " rows";
+
+    vd::TVdMySelectParser parser;
+    entry.Build(parser);
+    vd::TVdFunctionDef& value = *parser.WhereItems().Items(0)->RightSide().Items(0);
+    value.SetName(R"(C:\\temp)");
+    const std::string escaped = parser.GetExpression();
+    EXPECT_NE(escaped.find(R"((`C`.`NOTES` = 'C:\\temp'))"), std::string::npos) << escaped;
+    ASSERT_TRUE(Runs(entry, escaped, rows));
+    EXPECT_EQ(rows, TRows{"Carla"});
+}
+
 // The generic dialect's double-quoted names are strings to MariaDB's default mode; with
 // ANSI_QUOTES in the session's sql_mode the generic print runs too.
 TEST(MariaDBDeliberate, GenericDialectNeedsAnsiQuotes)
