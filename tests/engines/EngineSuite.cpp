@@ -92,6 +92,7 @@ testing::AssertionResult PrintFor(TEngine engine, const TFamilyStatement& entry,
     }
     printed = parser->GetExpression();
     std::unique_ptr<vd::TVdSelectParser> again = CreateParser(engine, entry);
+    again->SetScriptFormat(parser->ScriptFormat());
     try {
         again->SetExpression(printed);
     } catch (const std::exception& e) {

@@ -5,6 +5,8 @@
 
 #include "tests/engines/StatementFamily.h"
 
+#include "core/VdSelectParser.h"
+
 namespace vdengine {
 
 namespace {
@@ -17,6 +19,27 @@ TFamilyStatement Parsed(std::string name, std::string text, unsigned engines = e
     entry.Engines = engines;
     return entry;
 }
+
+// The same text printed with keywords and functions in another letter case.
+TFamilyStatement InCase(std::string name, const std::string& text, vd::TVdFormatMode mode)
+{
+    TFamilyStatement entry;
+    entry.Name = std::move(name);
+    entry.Reference = text;
+    entry.Build = [text, mode](vd::TVdSelectParser& parser) {
+        parser.ScriptFormat().KeywordsFormat = mode;
+        parser.ScriptFormat().FunctionsFormat = mode;
+        parser.SetExpression(text);
+    };
+    return entry;
+}
+
+const char* const EveryClauseText =
+    "SELECT DISTINCT C.COUNTRY, COUNT(*) AS ORDER_COUNT, MAX(O.ORDER_DATE) AS LAST_ORDER"
+    " FROM CUSTOMERS C LEFT OUTER JOIN ORDERS O ON C.ID = O.CUSTOMER_ID"
+    " WHERE (C.CREDIT_LIMIT > 0) AND ((O.STATE = 'SHIPPED') OR (O.STATE IS NULL)"
+    " OR (O.STATE NOT IN ('OPEN'))) AND (NOT ((C.NAME LIKE 'Z%') AND (C.ID BETWEEN 7 AND 9)))"
+    " GROUP BY C.COUNTRY HAVING (COUNT(*) >= 1) ORDER BY C.COUNTRY DESC";
 
 } // namespace
 
@@ -141,12 +164,9 @@ std::vector<TFamilyStatement> ParsedStatements()
         Parsed("OrderByAlias", "SELECT C.NAME AS CUSTOMER FROM CUSTOMERS C ORDER BY CUSTOMER"),
         Parsed("OrderBySeveral", "SELECT O.CUSTOMER_ID, O.ORDER_DATE FROM ORDERS O"
                                  " ORDER BY O.CUSTOMER_ID DESC, O.ORDER_DATE"),
-        Parsed("EveryClause",
-               "SELECT DISTINCT C.COUNTRY, COUNT(*) AS ORDER_COUNT FROM CUSTOMERS C"
-               " LEFT OUTER JOIN ORDERS O ON C.ID = O.CUSTOMER_ID"
-               " WHERE (C.CREDIT_LIMIT > 0) AND ((O.STATE = 'SHIPPED') OR (O.STATE IS NULL)"
-               " OR (O.STATE = 'CANCELLED'))"
-               " GROUP BY C.COUNTRY HAVING (COUNT(*) >= 1) ORDER BY C.COUNTRY"),
+        Parsed("EveryClause", EveryClauseText),
+        InCase("EveryClauseLowerCase", EveryClauseText, vd::qfmLowerCase),
+        InCase("EveryClauseFirstUpper", EveryClauseText, vd::qfmFirstUpper),
     };
 }
 
