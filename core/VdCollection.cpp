@@ -3,6 +3,8 @@
 #include "core/VdError.h"
 #include "core/VdSelectParser.h"
 
+#include <algorithm>
+
 namespace vd {
 
 TVdCollectionItem::TVdCollectionItem() = default;
@@ -62,6 +64,33 @@ void TVdCollection::Delete(int index)
     FItems.erase(FItems.begin() + index);
     Renumber(size_t(index));
     owned.reset();
+}
+
+void TVdCollection::DeleteItems(std::vector<int> indexes)
+{
+    std::sort(indexes.begin(), indexes.end());
+    indexes.erase(std::unique(indexes.begin(), indexes.end()), indexes.end());
+    if (indexes.empty())
+        return;
+    for (int index : indexes)
+        GetItem(index);
+    for (int index : indexes)
+        FItems[size_t(index)]->Removing();
+    std::vector<std::unique_ptr<TVdCollectionItem>> removed;
+    removed.reserve(indexes.size());
+    const size_t first = size_t(indexes.front());
+    size_t kept = first;
+    size_t next = 0;
+    for (size_t i = first; i < FItems.size(); ++i) {
+        if (next < indexes.size() && size_t(indexes[next]) == i) {
+            removed.push_back(std::move(FItems[i]));
+            ++next;
+        } else {
+            FItems[kept++] = std::move(FItems[i]);
+        }
+    }
+    FItems.resize(kept);
+    Renumber(first);
 }
 
 void TVdCollection::Clear()

@@ -64,6 +64,10 @@ public:
     TVdCollectionItem* AddItem();
     TVdCollectionItem* InsertItem(int index);
     void Delete(int index);
+    // Deletes the items at the given positions (in any order) in one pass over the list;
+    // each is told (Removing) before any leaves. Throws EVdListError for a position out of
+    // range, before anything is deleted.
+    void DeleteItems(std::vector<int> indexes);
     void Clear();
 
     // Replaces the contents with copies of the source's items.

@@ -134,7 +134,14 @@ std::string TVdCriterion::GetScript() const
     std::string out;
     script::AppendNodeScript(out, *FLeftSide);
     out += ' ';
-    script::AppendKeyword(out, Parser(), FOperator);
+    // An operator the table does not hold is text the statement gave (NOT IN-1, a partial
+    // match that an operand completed): it prints as read, as a letter case could cut it into
+    // other words (not in-1 reads as NOT, IN, -1 where only upper-case letters make words).
+    const TVdSelectParser* parser = Parser();
+    if (!parser || parser->Operators().FindByCaption(FOperator))
+        script::AppendKeyword(out, parser, FOperator);
+    else
+        out += FOperator;
     // No blank after an operator without right side (IS NULL).
     const size_t mark = out.size();
     out += ' ';

@@ -92,8 +92,9 @@ void script::AppendFunctionScript(std::string& out, const TVdFunctionDef& node)
             (s.back() == '"' || s.back() == '\''))
             s = s.substr(1, s.size() - 2);
         // A dialect may write strings its own way (escapes); the base scanner's way is here.
-        if (parser && typeid(parser->Scanner()) != typeid(TVdSQLScanner))
-            out += parser->Scanner().QuoteString(std::string(s));
+        const TVdSQLScanner* scanner = parser ? &parser->Scanner() : nullptr;
+        if (scanner && typeid(*scanner) != typeid(TVdSQLScanner))
+            out += scanner->QuoteString(std::string(s));
         else
             text::AppendQuoted(out, s, '\'');
         return;

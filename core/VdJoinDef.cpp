@@ -42,6 +42,28 @@ TVdTableDef* TVdJoinDef::GetTableDef() const
 
 namespace {
 
+// The table collection that holds the table owning these joins, if any.
+TVdTableDefs* OwnerTables(const TVdTableDef* table)
+{
+    return table && table->Collection() ? table->Collection()->AsTableDefs() : nullptr;
+}
+
+} // namespace
+
+void TVdJoinDef::Added()
+{
+    if (TVdTableDefs* tables = OwnerTables(GetTableDef()))
+        tables->JoinsChanged(+1);
+}
+
+void TVdJoinDef::Removing()
+{
+    if (TVdTableDefs* tables = OwnerTables(GetTableDef()))
+        tables->JoinsChanged(-1);
+}
+
+namespace {
+
 // Whether s holds more than blanks and control characters (what Trim would remove).
 bool HasText(const std::string& s)
 {
@@ -103,6 +125,12 @@ TVdJoinDef* TVdJoinDefs::Find(const std::string& fieldName, const std::string& j
             return join;
     }
     return nullptr;
+}
+
+void TVdJoinDefs::Clearing()
+{
+    if (TVdTableDefs* tables = OwnerTables(FOwner))
+        tables->JoinsChanged(-Count());
 }
 
 std::string TVdJoinDefs::GetScript() const

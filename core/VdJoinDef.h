@@ -25,6 +25,11 @@ public:
     std::string JoinField;
     std::string JoinTable;
     std::string FieldName;
+
+protected:
+    // Keep the table collection's count of joins.
+    void Added() override;
+    void Removing() override;
 };
 
 class TVdJoinDefs : public TVdCollectionOf<TVdJoinDef>
@@ -36,6 +41,9 @@ public:
                      const std::string& joinField) const;
     virtual std::string GetScript() const;
     TVdTableDef* Owner() const { return FOwner; }
+
+protected:
+    void Clearing() override;
 
 private:
     TVdTableDef* FOwner;

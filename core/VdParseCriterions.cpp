@@ -307,16 +307,34 @@ TVdCriteriaReader::TStep TVdCriteriaReader::Connector()
 // freed place is passed over, and it runs to the count taken after the insertion: once an
 // item has moved, the last position asked for is past the end and the list raises its index
 // error, which leaves the parser as an exception.
+// The walk is worked out on positions first and the moved items leave the list together, as
+// deleting them one by one would cost the square of a long list: after k deletions, all made
+// at or before the position walked, position i holds the item that stood at i + k.
 void TVdCriteriaReader::Regroup(TVdCriterion& criterion)
 {
     TVdCriterions& list = *criterion.OwnerList();
     TVdCriterion* group = list.Insert(criterion.Index());
     const int n = list.Count();
+    std::vector<int> moved;
+    int pastEnd = -1;
     for (int i = 0; i < n; ++i) {
-        if (i == group->Index() || i == criterion.Index())
+        const int k = int(moved.size());
+        if (i >= n - k) {
+            pastEnd = i;
+            break;
+        }
+        const int at = i + k;
+        if (at == group->Index() || at == criterion.Index())
             continue;
-        group->SubItems().Add()->Assign(*list.Items(i));
-        list.Delete(i);
+        moved.push_back(at);
+    }
+    for (int at : moved)
+        group->SubItems().Add()->Assign(*list.Items(at));
+    list.DeleteItems(moved);
+    if (pastEnd >= 0) {
+        // The step past the end appends the group's new item before it asks for the position.
+        group->SubItems().Add();
+        throw EVdListError(pastEnd);
     }
     group->SubItems().Filter = list.Filter;
 }

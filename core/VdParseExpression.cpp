@@ -127,30 +127,49 @@ bool TVdExpressionReader::ReadCall(TVdFunctionDef& node, TVdTableDef*& table)
 // T.A, "my t".A, T.*, and S.T.A where a dotted table name qualifies the field.
 bool TVdExpressionReader::ReadQualified(TVdFunctionDef& node, TVdTableDef*& table)
 {
+    // A procedure's argument prints as written after its ":": a quoted part with its quotes.
+    const bool parameter = Context == TVdExprContext::Parameter;
+    const auto written = [this] { return S.TokenQuoted() ? S.RawToken() : P.NameText(); };
+    std::string asWritten = parameter ? written() : std::string();
     std::string qualifier = P.NameText();
+    std::string keptQualifier = P.QuotedPartText(qualifier);
     std::string qualifierAlias = P.AliasText();
     Consume();
     Consume(); // "."
     bool star = false;
+    bool dotted = false;
     std::string field;
     for (;;) {
         star = !S.TokenQuoted() && S.Token() == "*";
         if (!star && !P.IsNameKind())
             break;
         field = star ? std::string("*") : P.NameText();
+        const std::string keptField = star ? field : P.QuotedPartText(field);
+        if (parameter)
+            asWritten += "." + (star ? field : written());
         Consume();
         if (star || !P.IsDelimToken('.'))
             break;
         qualifier += "." + field;
-        qualifierAlias = qualifier;
+        keptQualifier += "." + keptField;
+        dotted = true;
         field.clear();
         Consume(); // "."
+    }
+    // A dotted qualifier is its own alias text; taken once, as a copy per part would make a
+    // long name cost its square.
+    if (dotted) {
+        qualifier = P.DottedNameText(qualifier, keptQualifier);
+        qualifierAlias = qualifier;
     }
     if (Context == TVdExprContext::SelectList)
         table = QualifierTable(qualifierAlias, qualifier);
     if (field.empty() || !AtStop(0))
         return false;
-    node.SetName(Context == TVdExprContext::SelectList ? field : qualifier + "." + field);
+    if (parameter)
+        node.SetName(asWritten);
+    else
+        node.SetName(Context == TVdExprContext::SelectList ? field : qualifier + "." + field);
     node.SetKind(fkIdentifier);
     return true;
 }

@@ -6,14 +6,34 @@ namespace vd {
 
 namespace {
 
+// Whether the scanner reads quote, body, quote as one quoted text: no quote inside closes it
+// and the last one does. Where a backslash escapes a quote (MySQL), `\``` does not close.
+bool ClosesAtEnd(const TVdSQLScanner& scanner, std::string_view body, char quote)
+{
+    std::string read;
+    read.reserve(body.size());
+    for (size_t i = 0; i < body.size(); ++i) {
+        if (body[i] == quote) {
+            const char next = i + 1 < body.size() ? body[i + 1] : quote;
+            if (scanner.IsTerminator(quote, read, quote, static_cast<unsigned char>(next)))
+                return false;
+        }
+        read += body[i];
+    }
+    return scanner.IsTerminator(quote, read, quote, ' ');
+}
+
 // What the scanner reads back from a printed name: the content of a name in identifier
 // quotes, or an unquoted word as the dialect reads it; empty when the text would not read
 // back as one name (a keyword, a function name, several tokens).
 std::string ReadBack(const TVdSQLScanner& scanner, const std::string& printed)
 {
     const char first = printed.empty() ? '\0' : printed.front();
-    if (printed.size() >= 2 && printed.back() == first && scanner.IsIdentQuote(first))
-        return text::UndoubleQuotes(std::string_view(printed).substr(1, printed.size() - 2), first);
+    if (printed.size() >= 2 && printed.back() == first && scanner.IsIdentQuote(first)) {
+        const std::string_view body = std::string_view(printed).substr(1, printed.size() - 2);
+        return ClosesAtEnd(scanner, body, first) ? text::UndoubleQuotes(body, first)
+                                                 : std::string();
+    }
     if (scanner.IsKeyword(printed) || scanner.IsFunction(printed))
         return std::string();
     std::string word = scanner.ProcessIdent(printed);
@@ -97,6 +117,30 @@ std::string TVdSelectParser::AliasText() const
                      [&scanner](const std::string& alias) {
                          return scanner.GetProcessAliases() ? scanner.ProcessName(alias) : alias;
                      });
+}
+
+// A name with a part kept in its quotes ("a.b") prints its other parts as they stand, so there
+// a part read from quotes that it needs ("x", lower-case) keeps them: "a.b"."x"."y" would
+// otherwise print as "a.b".x."y" and read back as another name.
+std::string TVdSelectParser::QuotedPartText(const std::string& text) const
+{
+    const TVdSQLScanner& scanner = Scanner();
+    if (!scanner.TokenQuoted() || text.empty() || text == scanner.RawToken() ||
+        scanner.ProcessName(text) == text)
+        return text;
+    return text::QuotedStr(text, scanner.GetIdentQuote());
+}
+
+std::string TVdSelectParser::DottedNameText(const std::string& name, const std::string& kept) const
+{
+    if (name == kept || name.find(Scanner().GetIdentQuote()) == std::string::npos)
+        return name;
+    return ProcessItemName(name) == ProcessItemName(kept) ? name : kept;
+}
+
+bool TVdSelectParser::ReadsBackAsName(const std::string& printed) const
+{
+    return !ReadBack(Scanner(), printed).empty();
 }
 
 std::string TVdSelectParser::ProcessItemName(const std::string& name) const
@@ -234,14 +278,18 @@ void TVdSelectParser::DoParseTableDef()
     std::string name = NameText();
     if (name.empty())
         return Fail();
+    std::string kept = QuotedPartText(name);
     Next();
     while (IsDelimToken('.')) {
         Next();
         if (!IsNameKind())
             return Fail();
-        name += "." + NameText();
+        const std::string part = NameText();
+        name += "." + part;
+        kept += "." + QuotedPartText(part);
         Next();
     }
+    name = DottedNameText(name, kept);
     // What follows the name: an alias, "(" of a procedure call, or the end of this entry.
     const bool call = IsDelimToken('(');
     std::string alias;
@@ -278,13 +326,31 @@ void TVdSelectParser::DoParseProcParams()
         proc = tables.Add();
     proc->SetName(FLastTableName);
     proc->SetTableType(qttStoredProc);
+    // A procedure joined twice prints its call at each join: the same arguments read again
+    // are that call, not more arguments (which would double at every round trip).
+    TVdFieldDefs& fields = proc->FieldDefs();
+    std::vector<std::string> held;
+    for (int i = 0; i < fields.Count(); ++i)
+        if (fields.Items(i)->IsInputParam())
+            held.push_back(fields.Items(i)->Name());
+    const int first = fields.Count();
+    const auto dropRepeatedCall = [&] {
+        const int added = fields.Count() - first;
+        if (held.empty() || added != int(held.size()))
+            return;
+        for (int i = 0; i < added; ++i)
+            if (fields.Items(first + i)->Name() != held[size_t(i)])
+                return;
+        while (fields.Count() > first)
+            fields.Delete(fields.Count() - 1);
+    };
     Next(); // "("
     if (IsDelimToken(')'))
         return Fail(); // a call without arguments would print as a plain table
     for (;;) {
         if (Kind() == tkEnd)
             return Fail();
-        TVdFieldDef* param = proc->FieldDefs().Add();
+        TVdFieldDef* param = fields.Add();
         if (IsDelimToken(':'))
             Next();
         TVdTableDef* unused = nullptr;
@@ -294,6 +360,7 @@ void TVdSelectParser::DoParseProcParams()
         param->SetParamType(ptInput);
         if (IsDelimToken(')')) {
             Next();
+            dropRepeatedCall();
             return;
         }
         if (!IsDelimToken(','))
@@ -378,21 +445,31 @@ bool TVdSelectParser::ReadJoinCondition(TVdTableDef*& owner, std::string& ownerF
             return false;
         };
         std::string qualifier = NameText();
+        std::string keptQualifier = QuotedPartText(qualifier);
         TVdTableDef* table = FindTable(AliasText(), qualifier);
         Next();
         Next();
         if (!IsNameKind())
             return false;
         std::string field = NameText();
+        std::string keptField = QuotedPartText(field);
         Next();
+        bool dotted = false;
         while (IsDelimToken('.')) {
             Next();
             if (!IsNameKind())
                 return false;
             qualifier += "." + field;
+            keptQualifier += "." + keptField;
             field = NameText();
-            table = FindTable(qualifier, qualifier);
+            keptField = QuotedPartText(field);
+            dotted = true;
             Next();
+        }
+        // The whole dotted name is looked up once it is read, not once per part.
+        if (dotted) {
+            qualifier = DottedNameText(qualifier, keptQualifier);
+            table = FindTable(qualifier, qualifier);
         }
         if (!table)
             return refuse();

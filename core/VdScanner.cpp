@@ -260,6 +260,14 @@ std::string TVdSQLScanner::ProcessName(const std::string& name) const
                 part = rest.substr(0, end);
                 rest.remove_prefix(end + 1);
                 anyQuoted = true;
+            } else {
+                // Text follows the closing quote ("a.b"1, an alias made from a quoted name):
+                // the dots inside the quotes split nothing, the part runs on to the next dot.
+                const size_t next = rest.find('.', end);
+                if (next == std::string_view::npos)
+                    break;
+                part = rest.substr(0, next);
+                rest.remove_prefix(next + 1);
             }
         }
         if (part.empty()) {

@@ -1,6 +1,7 @@
 #include "core/VdSelectParser.h"
 
 #include <charconv>
+#include <unordered_set>
 
 namespace vd {
 
@@ -351,13 +352,17 @@ void TVdSelectParser::DoParseFieldDef()
         return Fail();
     const bool starOnly = field.Kind() == fkUnknown && field.Name() == "*";
     std::string alias;
-    const bool hasAlias = IsKeywordToken("AS");
+    bool hasAlias = IsKeywordToken("AS");
     if (hasAlias) {
         Next();
         if (!IsAliasToken())
             return Fail();
         alias = AliasText();
         Next();
+        // X AS X names the column as X alone does: an alias equal to the name does not print,
+        // so taken as given it would read back as a generated one (X1) beside another X.
+        if (alias == field.Name())
+            hasAlias = false;
     }
     // "*" alone is the select list of a query without fields: it adds none. Beside other
     // items it would be lost, so there it is refused.
@@ -423,11 +428,18 @@ void TVdSelectParser::CopyField(const TVdFieldDef& field, bool hasAlias, const s
 }
 
 // A generated alias made from a name ("my col" -> "my col1") is kept in the quotes it needs to
-// read back, where aliases print as they are.
+// read back, where aliases print as they are. Where aliases print as names, one that would not
+// read back as a name is generated as for an expression instead: #1 where names are never
+// quoted (InterBase dialect 1), `\``1 where a backslash escapes a quote (MySQL).
 std::string TVdSelectParser::PrintableAlias(const std::string& alias) const
 {
     const TVdSQLScanner& scanner = Scanner();
-    if (scanner.GetProcessAliases() || !scanner.NeedQuotes(alias))
+    if (scanner.GetProcessAliases()) {
+        if (ReadsBackAsName(ProcessItemName(alias)))
+            return alias;
+        return TableDefs().GetUniqueAlias("FIELD_", true);
+    }
+    if (!scanner.NeedQuotes(alias))
         return alias;
     if (scanner.IsIdentifier(alias) && !scanner.IsKeyword(alias) && !scanner.IsFunction(alias))
         return alias;
@@ -506,10 +518,14 @@ void TVdSelectParser::CollectNames(bool ordered)
 {
     std::string name;
     bool expectPart = true;
+    // The GROUP BY names met so far, so that a long list is not searched once per item.
+    std::unordered_set<std::string> grouped;
+    if (!ordered)
+        grouped.insert(FGroupByItems.Lines().begin(), FGroupByItems.Lines().end());
     auto flush = [&](TVdOrderKind kind) {
         if (ordered)
             FOrderByItems.AddOrdered(name, kind);
-        else if (FGroupByItems.IndexOf(name) < 0)
+        else if (grouped.insert(name).second)
             FGroupByItems.Add(name);
         name.clear();
     };
@@ -609,9 +625,11 @@ bool TVdSelectParser::IsNameKind() const
     const TVdSQLScanner& scanner = Scanner();
     if (!scanner.TokenQuoted())
         return kind == tkIdent || kind == tkIdentString || kind == tkString;
-    // A quoted text is a name unless it is a string that cannot be printed as one.
-    return kind != tkEnd &&
-           (Token().empty() || scanner.IsIdentQuote(scanner.TokenQuote()) || !NameText().empty());
+    // A quoted text is a name unless it is a string that cannot be printed as one. An empty
+    // one ("") only where names are quoted: elsewhere (InterBase dialect 1) it prints nothing.
+    if (Token().empty())
+        return kind != tkEnd && scanner.GetQuoteIdentifiers();
+    return kind != tkEnd && (scanner.IsIdentQuote(scanner.TokenQuote()) || !NameText().empty());
 }
 
 bool TVdSelectParser::IsAliasToken() const

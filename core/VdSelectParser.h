@@ -169,6 +169,13 @@ protected:
     // The model text of the current token read as a name, and read as an alias.
     std::string NameText() const;
     std::string AliasText() const;
+    // A dotted name (S.T, "a.b"."x".C) read part by part: the text of the current token as a
+    // part kept in its quotes (text is its NameText), and the model text of the whole name
+    // from its parts' NameTexts joined (name) and their kept texts joined (kept).
+    std::string QuotedPartText(const std::string& text) const;
+    std::string DottedNameText(const std::string& name, const std::string& kept) const;
+    // Whether a printed name reads back as one name.
+    bool ReadsBackAsName(const std::string& printed) const;
     TVdTableDef* FindTable(const std::string& aliasText, const std::string& nameText) const;
 
     std::string FLastTableName;

@@ -94,13 +94,18 @@ void TVdGroupByItems::Rebuild()
         if (!field || field->IsInputParam() || field->Kind() != fkIdentifier ||
             parser->Aggregates().Contains(field->Name()))
             continue;
+        // The column as the select list prints it, qualifier and name each quoted on its own: the
+        // whole text split anew at its dots would name another column once a qualifier holds
+        // a dot (A.C.A.I prints "A.C"."A"."I", and "A.C.A"."I" would not read back the same).
         const TVdTableDef* table = field->Table();
         qualified.clear();
-        if (table)
-            qualified += table->Alias().empty() ? table->Name() : table->Alias();
-        qualified += '.';
-        qualified += field->Name();
-        Add(ProcessName(qualified));
+        if (table) {
+            const std::string& prefix = table->Alias().empty() ? table->Name() : table->Alias();
+            if (!prefix.empty())
+                qualified += parser->ProcessItemName(prefix) + '.';
+        }
+        qualified += parser->ProcessItemName(field->Name());
+        Add(qualified);
     }
 }
 

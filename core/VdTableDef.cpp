@@ -171,8 +171,11 @@ std::string TVdTableDef::GetScript() const
 
 void TVdTableDef::Added()
 {
-    if (TVdTableDefs* tables = Tables())
+    if (TVdTableDefs* tables = Tables()) {
         tables->TableAdded(*this);
+        if (FJoinDefs)
+            tables->JoinsChanged(FJoinDefs->Count());
+    }
 }
 
 void TVdTableDef::Removing()
@@ -180,6 +183,8 @@ void TVdTableDef::Removing()
     if (TVdTableDefs* tables = Tables()) {
         tables->FieldsRemoved(*this);
         tables->TableRemoving(*this);
+        if (FJoinDefs)
+            tables->JoinsChanged(-FJoinDefs->Count());
     }
 }
 
@@ -192,12 +197,16 @@ TVdTableDefs::TVdTableDefs()
 
 TVdTableDefs::~TVdTableDefs() { Clear(); }
 
+// The positions of the tables in a set stay in the same order while they change: a table is
+// added or taken out of a set while every position is up to date.
+bool TVdTableDefs::TByPosition::operator()(const TVdTableDef* a, const TVdTableDef* b) const
+{
+    return a->Index() < b->Index();
+}
+
 void TVdTableDefs::LookupInsert(TLookup& lookup, const std::string& key, TVdTableDef* table)
 {
-    std::vector<TVdTableDef*>& list = lookup[key];
-    auto at = std::lower_bound(list.begin(), list.end(), table->Index(),
-                               [](const TVdTableDef* t, int index) { return t->Index() < index; });
-    list.insert(at, table);
+    lookup[key].insert(table);
 }
 
 void TVdTableDefs::LookupErase(TLookup& lookup, const std::string& key, TVdTableDef* table)
@@ -205,16 +214,17 @@ void TVdTableDefs::LookupErase(TLookup& lookup, const std::string& key, TVdTable
     auto it = lookup.find(key);
     if (it == lookup.end())
         return;
-    std::vector<TVdTableDef*>& list = it->second;
-    list.erase(std::remove(list.begin(), list.end(), table), list.end());
-    if (list.empty())
+    auto at = it->second.find(table);
+    if (at != it->second.end() && *at == table)
+        it->second.erase(at);
+    if (it->second.empty())
         lookup.erase(it);
 }
 
 TVdTableDef* TVdTableDefs::LookupFind(const TLookup& lookup, const std::string& key)
 {
     auto it = lookup.find(key);
-    return it == lookup.end() ? nullptr : it->second.front();
+    return it == lookup.end() ? nullptr : *it->second.begin();
 }
 
 void TVdTableDefs::EnsureLookup() const
@@ -225,8 +235,8 @@ void TVdTableDefs::EnsureLookup() const
     FByName.clear();
     for (int i = 0; i < Count(); ++i) {
         TVdTableDef* table = Items(i);
-        FByAlias[table->Alias()].push_back(table);
-        FByName[table->Name()].push_back(table);
+        FByAlias[table->Alias()].insert(table);
+        FByName[table->Name()].insert(table);
     }
     FLookupValid = true;
 }
@@ -548,6 +558,7 @@ void TVdTableDefs::DecrementIndexes(std::vector<int> removed, const TVdTableDef*
 void TVdTableDefs::Clearing()
 {
     FFieldCount = 0;
+    FJoinCount = 0;
     FAliasCount.clear();
     FEmptyAliases = 0;
     FCounterHint.clear();
@@ -596,6 +607,8 @@ void TVdTableDefs::UpdateFieldAliases()
 
 void TVdTableDefs::UpdateTableAlias(const std::string& oldAlias, const std::string& newAlias)
 {
+    if (FJoinCount == 0)
+        return;
     for (int t = 0; t < Count(); ++t) {
         TVdJoinDefs& joins = Items(t)->JoinDefs();
         for (int j = 0; j < joins.Count(); ++j)

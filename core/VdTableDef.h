@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -103,6 +104,8 @@ public:
     void TableRemoving(TVdTableDef& table);
     void TableKeyChanged(TVdTableDef& table, bool alias, const std::string& oldKey,
                          const std::string& newKey);
+    // Joins that came to or left the tables of this collection.
+    void JoinsChanged(int delta) { FJoinCount += delta; }
 
     // All fields ordered by their field index (first found wins; gaps stay null).
     std::vector<TVdFieldDef*> FieldsInOrder() const;
@@ -118,9 +121,14 @@ private:
     void AppendJoins(const TVdTableDef& table, std::string& out) const;
     void EnsureLookup() const;
 
-    // Tables by alias and by name, each list in collection order, so the first match of a
-    // scan is the front of its list; kept up to date as tables come, go and are renamed.
-    using TLookup = std::unordered_map<std::string, std::vector<TVdTableDef*>>;
+    // Tables by alias and by name, each set in collection order, so the first match of a
+    // scan is the front of its set; kept up to date as tables come, go and are renamed. Sets,
+    // as many tables can share a key (all named "" while a select list makes them) and each
+    // leaves it by itself.
+    struct TByPosition {
+        bool operator()(const TVdTableDef* a, const TVdTableDef* b) const;
+    };
+    using TLookup = std::unordered_map<std::string, std::set<TVdTableDef*, TByPosition>>;
     static void LookupInsert(TLookup& lookup, const std::string& key, TVdTableDef* table);
     static void LookupErase(TLookup& lookup, const std::string& key, TVdTableDef* table);
     static TVdTableDef* LookupFind(const TLookup& lookup, const std::string& key);
@@ -129,6 +137,9 @@ private:
     mutable bool FLookupValid = false;
 
     int FFieldCount = 0;
+    // How many joins the tables hold: renaming a table looks for the joins naming it only
+    // when there are any, so a long FROM list without joins is read in linear time.
+    int FJoinCount = 0;
     // How many fields hold each alias; the empty alias of every new field is counted apart.
     std::unordered_map<std::string, int> FAliasCount;
     int FEmptyAliases = 0;

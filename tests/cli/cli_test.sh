@@ -431,6 +431,70 @@ case_format_dialects()
         "bench --dialect firebird errors line"
 }
 
+# expect_file for megabytes: names the first difference instead of dumping both files.
+expect_big_file()
+{
+    cmp -s "$1" "$2" || fail "$3 differs: $(cmp "$1" "$2" 2>&1 | head -1)"
+}
+
+# Hostile input: each is read in a moment and either printed or refused with its message,
+# exit status 1; nothing crashes.
+case_format_pathological()
+{
+    # Blanks, tabs and line breaks alone are an empty statement.
+    printf ' \t\r\n\t \n\n' >"$WORK/blank.sql"
+    run_file format "$WORK/blank.sql"
+    expect_run 0 "" "" "blank text"
+
+    # A NUL byte is a token of its own; the message carries it as read.
+    printf '\0' >"$WORK/nul.sql"
+    run_file format "$WORK/nul.sql"
+    expect_run 1 "" "Invalid token '\0' at position 1 of line 1.\n" "NUL alone"
+
+    # A CR without LF breaks no line: it is a delimiter.
+    printf '\r' >"$WORK/cr.sql"
+    run_file format "$WORK/cr.sql"
+    expect_run 1 "" "Invalid token '\r' at position 1 of line 1.\n" "lone CR"
+
+    # 100,000 nested parentheses and calls: refused at the 257th level.
+    local open close calls
+    open=$(printf '%*s' 100000 '' | tr ' ' '(')
+    close=$(printf '%*s' 100000 '' | tr ' ' ')')
+    calls=$(printf '%*s' 100000 '' | sed 's/ /COUNT(/g')
+    printf 'SELECT A FROM T WHERE %sA = 1%s' "$open" "$close" >"$WORK/parens.sql"
+    run_file format "$WORK/parens.sql"
+    expect_run 1 "" "Invalid token '(' at position 279 of line 1.\n" "100,000 parentheses in WHERE"
+    printf 'SELECT %sA%s FROM T' "$calls" "$close" >"$WORK/calls.sql"
+    run_file format "$WORK/calls.sql"
+    expect_run 1 "" "Invalid token '(' at position 1549 of line 1.\n" "100,000 nested calls"
+
+    # A 1 MB string literal is printed back whole.
+    local body
+    body=$(head -c 1048576 /dev/zero | tr '\0' 'x')
+    printf "SELECT A FROM T WHERE A = '%s'" "$body" >"$WORK/string.sql"
+    run_file format "$WORK/string.sql"
+    printf 'SELECT \r\n  "T"."A"\r\nFROM\r\n  "T"\r\nWHERE\r\n  ("A" = '"'"'%s'"'"')\r\n' "$body" \
+        >"$WORK/string.expected"
+    expect_rc 0 "1 MB string"
+    expect_big_file "$WORK/out" "$WORK/string.expected" "1 MB string"
+    expect_text "$WORK/err" "" "1 MB string: standard error"
+
+    # A megabyte of bytes 0x80 to 0xFF is one token, named whole in the message.
+    head -c 1048576 /dev/urandom | tr '\000-\177' '\200-\377' >"$WORK/high.sql"
+    run_file format "$WORK/high.sql"
+    { printf "Invalid token '"; cat "$WORK/high.sql"; printf "' at position 1 of line 1.\n"; } \
+        >"$WORK/high.expected"
+    expect_rc 1 "high-bit bytes"
+    expect_text "$WORK/out" "" "high-bit bytes: standard output"
+    expect_big_file "$WORK/err" "$WORK/high.expected" "high-bit bytes: standard error"
+
+    # Invalid UTF-8 inside quotes is kept byte for byte.
+    printf 'SELECT "\xc3\x28\xff" FROM T WHERE A = '"'"'\xc0\x80\xed\xa0\x80'"'" >"$WORK/utf8.sql"
+    run_file format "$WORK/utf8.sql"
+    expect_run 0 'SELECT \r\n  "T"."\xc3\x28\xff"\r\nFROM\r\n  "T"\r\nWHERE\r\n  ("A" = '"'"'\xc0\x80\xed\xa0\x80'"'"')\r\n' \
+        "" "invalid UTF-8 in quotes"
+}
+
 if ! declare -F "case_$CASE" >/dev/null; then
     echo "cli_test.sh: unknown case '$CASE'" >&2
     exit 2

@@ -1,0 +1,1 @@
+select first 5 skip 10 distinct a.x from t a

@@ -1,0 +1,1 @@
+Select FIRST 26 AVG(A1.CODE), SUM(a2.created_at), AVG(a2.price), a2.ITEM$NO, COUNT(A1.price), AVG(a2.price), COUNT(a2.NAME) AS AL6, a2.UNIT_PRICE FROM EMPLOYEES_0 A1 LEFT OUTER JOIN employees_1 a2 On (a2.note <> A1.PRICE), PROC_2(42, 'x') A3 WHERE (A1.STATUS LIKE 'A%')

@@ -1,0 +1,1 @@
+select FIRST 1925248164 a1.DESCRIPTION, orders_1.*, AVG(orders_1.QTY), orders_1.CODE As AL3, MAX(a1.ORDER_DATE), MAX(a1.created_at), a1.DESCRIPTION + 4, orders_1.ID, a1.CREATED_AT FROM invoices_0 a1 Inner Join orders_1 on (a1.description <= orders_1.CODE) WHERE orders_1.STATUS < 825 order BY a1.AMOUNT Desc, a1.ID, orders_1.ID DESC

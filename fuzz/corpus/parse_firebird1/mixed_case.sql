@@ -1,0 +1,1 @@
+Select Distinct a.X From T a Where a.X Is Not Null Order By a.X Desc

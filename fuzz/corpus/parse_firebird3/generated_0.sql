@@ -1,0 +1,1 @@
+select FIRST 950282731 distinct MIN(A1.AMOUNT), A1.ITEM$NO, A1.CUSTOMER_ID, A1."lower" AS "al 3", A1.STATUS FROM PROC_0(39, 'x') A1, warehouses_1 a2 WHERE (A1."lower" >= 'x"y') and (a2.NAME like 'A%') and a2.created_at BETWEEN 1 And 29 and a2.ITEM$NO is null

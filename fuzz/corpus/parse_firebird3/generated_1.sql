@@ -1,0 +1,1 @@
+Select SKIP 77 Distinct A1.total, A1.CODE, A1.DESCRIPTION + 2, A1.created_at FROM "From" A1, CUSTOMERS_1 A2 Where (A2.CUSTOMER_ID >= 617) ORDER By A2.price ASC, A2.DESCRIPTION Desc

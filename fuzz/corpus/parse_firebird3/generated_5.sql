@@ -1,0 +1,1 @@
+SELECT FIRST 14 Skip 55 MIN(A1."due date"), A1.ORDER_DATE, A1.AMOUNT, A1.description, A1.customer_id as AL4, COUNT(A1.name), A1.customer_id + 3 FROM PROC_0(:P0, 785) A1, invoices_1 RIGHT JOIN "ORDER" A2 On (invoices_1.ID = A2."FROM"), PRODUCT_GROUPS_3 WHERE NOT ((A1.line$no=369) or (invoices_1.QTY <> 'it''s') or (A2."CAST" NOT IN (933, 957)))

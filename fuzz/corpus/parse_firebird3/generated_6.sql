@@ -1,0 +1,1 @@
+SELECT First 34 a1.NAME as AL0, a1.CODE, a1.customer_id, a1.ID, MIN(a1."PERCENT") As AL4, a1.name, a1.line$no, a1.CREATED_AT FROM "From" a1 Right Join PROC_1(:P1, 330) On (PROC_1.ORDER_DATE = a1.city) where NOT ((PROC_1.amount>=PROC_1.amount)) GROUP By a1.NAME, a1.CODE, a1.customer_id, a1.ID, a1.name, a1.line$no, a1.CREATED_AT order By a1.CREATED_AT asc

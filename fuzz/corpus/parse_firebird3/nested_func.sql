@@ -1,0 +1,1 @@
+SELECT MAX(A + (B * (C - 1))) FROM T

@@ -1,0 +1,1 @@
+SELECT A.X, B.Y FROM A JOIN B ON (A.ID = B.ID)

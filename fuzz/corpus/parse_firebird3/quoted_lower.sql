@@ -1,0 +1,1 @@
+SELECT A."select", A."x y" FROM "order" A WHERE A."z" = 'it''s'

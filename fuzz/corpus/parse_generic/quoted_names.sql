@@ -1,0 +1,1 @@
+SELECT "my col", T."ORDER" FROM "my table" T

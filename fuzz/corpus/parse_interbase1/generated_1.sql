@@ -1,0 +1,1 @@
+select distinct A1.item$no, A1.unit_price, A1.QTY, A1.*, A1.UNIT_PRICE, A1.DESCRIPTION, MAX(A1.NAME) as AL6 FROM warehouses_0 A1, WAREHOUSES_1 a2 inner join ORDERS_2 A3 On (a2.PRICE = A3.PRICE) WHERE ((A1.CREATED_AT NOT IN ("it's", 'say "hi"')) OR ((A3.id = 55))) GROUP BY A1.item$no, A1.unit_price, A1.QTY, A1.UNIT_PRICE, A1.DESCRIPTION ROWS 368056396 To 82 Percent with TIES

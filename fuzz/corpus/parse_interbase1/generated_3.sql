@@ -1,0 +1,1 @@
+Select Distinct A1.CREATED_AT, A1.AMOUNT, A1.NAME * 4, AVG(A1.NAME), A1.description * 4, A1.PRICE$EUR + 4, A1.unit_price, MIN(A1.price$eur), MAX(A1.qty) From ORDER_LINES_0 A1, ORDER_LINES_0 A2 where A1.amount IN (1, 2, 3) AND (A1.order_date IN (1, 2, 3)) AND ((A1.id LIKE 'A%') AND (A2.id NOT LIKE '%z')) ORDER by A1.UNIT_PRICE, A2.ITEM$NO asc

@@ -1,0 +1,1 @@
+select distinct A1.CREATED_AT * 3, A2.AMOUNT, A2.*, COUNT(A1.price) as AL3 From EMPLOYEES_0 A1 RIGHT OUTER JOIN EMPLOYEES_1 A2 on (A2.NAME <= A1.total) WHERE ((A1.UNIT_PRICE<>549) or (A1.unit_price Not In ('a','b')) or (A2.CREATED_AT<=A1.created_at)) rows 90 TO 87 PERCENT

@@ -1,0 +1,1 @@
+Select MIN(a1.PRICE), A2.AMOUNT, A3.qty, a1.UNIT_PRICE, a1.CREATED_AT + 2 FROM PROC_0(31, 'x') a1 full outer join invoices_1 A2 ON (a1.NAME >= A2.unit_price) INNER JOIN ORDER_LINES_2 A3 On (a1.PRICE$EUR <> A3.UNIT_PRICE) WHERE a1.item$no < 818 Or A3.city LIKE "it's" ORDER BY a1.AMOUNT ASC, a1.PRICE$EUR Asc rows 96 To 26 by 60 Percent

@@ -1,0 +1,1 @@
+SELECT T.*, U.X FROM T, U

@@ -1,0 +1,1 @@
+SELECT A FROM T WHERE A = 'it''s' AND B = ''

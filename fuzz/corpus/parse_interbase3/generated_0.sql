@@ -1,0 +1,1 @@
+select a1.NAME, MAX(a1.city), a1.STATUS AS AL2, a1.ITEM$NO, a1.ID, a1.note FROM stock_0 a1 FULL JOIN WAREHOUSES_1 A2 on (a1.city = A2.QTY) WHERE ((A2.status <> 'x"y') OR (a1.id Not Between 'A%' AND 'A%'))

@@ -1,0 +1,1 @@
+SELECT MAX(A1.UNIT_PRICE) As "al 0", COUNT(A1."unit price"), PROC_1.UNIT_PRICE From PRODUCTS_0 A1 right outer join PROC_1(:P1) ON (PROC_1."MY-COL" = A1."last name") Where (A1.CREATED_AT NOT IN (912, 'it''s')) AND (A1.ITEM$NO BETWEEN 1 And 64) GROUP BY PROC_1.UNIT_PRICE HAVING SUM(A1.unit_price) Like 'A%' rows 24 To 0 by 41 WITH TIES

@@ -1,0 +1,1 @@
+SELECT DISTINCT A1.note, A1.CREATED_AT, A1.STATUS, A2.PRICE$EUR, A1.STATUS, A1."MY-COL" + 5, A1.CUSTOMER_ID FROM order_lines_0 A1, suppliers_1 A2, EMPLOYEES_2 a3 where (a3.CUSTOMER_ID Not Between 'a' And 'm') and a3.UNIT_PRICE <> 'x"y' and A2.UNIT_PRICE>136 and (A1.CREATED_AT NOT BETWEEN 'a' AND 'm') order BY A2."last name" ASC

@@ -1,0 +1,1 @@
+select a1."due date", a1.ITEM$NO, MIN(a1.code), MIN(a1.UNIT_PRICE) AS AL3, a1.total, a1.ORDER_DATE, a1.STATUS As AL6 From stock_0 a1 Left Join PROC_1(:P1) a2 On (a1.CREATED_AT >= a2."TIES"), CUSTOMERS_2 A3 where (A3."last name" = 'A%') or (((a1.line$no IS NULL)) or (a1.created_at like 'A%')) or (a1.CODE between 1 And 86) Rows 28 TO 0 by 1517953888 PERCENT

@@ -1,0 +1,1 @@
+select a.x from t a order by a.x rows 10 to 20 by 2 percent with ties

@@ -1,0 +1,1 @@
+SELECT A FROM T WHERE A = 1 AND B <> 'x' OR C > 2

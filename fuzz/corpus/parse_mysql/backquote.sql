@@ -1,0 +1,1 @@
+SELECT `my col`, t.`order` FROM `my table` t

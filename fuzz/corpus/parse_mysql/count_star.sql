@@ -1,0 +1,1 @@
+SELECT COUNT(*), MIN(A), MAX(B), AVG(C) FROM T

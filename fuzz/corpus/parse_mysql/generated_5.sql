@@ -1,0 +1,1 @@
+select A1.*, A1.ID, A1.PRICE, A1.PRICE, A1.ORDER_DATE * 4, COUNT(A1.city) From `GROUP` A1 full outer join EMPLOYEES_1 A2 ON (A1.CUSTOMER_ID >= A2.PRICE) WHERE (A2.ID Not Between 'a' AND 'm') AND (A2.note >= 'tab\there') AND (A1.UNIT_PRICE > A1.CODE) limit 98

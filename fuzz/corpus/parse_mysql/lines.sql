@@ -1,0 +1,6 @@
+SELECT A,
+  B
+FROM
+  T
+WHERE
+  (A = 1)

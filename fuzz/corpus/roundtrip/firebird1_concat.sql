@@ -1,0 +1,1 @@
+3SELECT A || B FROM T

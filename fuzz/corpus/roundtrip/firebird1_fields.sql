@@ -1,0 +1,1 @@
+3SELECT A, B, C FROM T

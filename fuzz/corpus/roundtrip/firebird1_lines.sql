@@ -1,0 +1,6 @@
+3SELECT A,
+  B
+FROM
+  T
+WHERE
+  (A = 1)

@@ -1,0 +1,1 @@
+3SELECT MAX(A + (B * (C - 1))) FROM T

@@ -1,0 +1,1 @@
+3SELECT T.*, U.X FROM T, U

@@ -1,0 +1,1 @@
+3SELECT A FROM T WHERE A = 'it''s' AND B = ''

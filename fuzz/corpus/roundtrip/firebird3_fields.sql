@@ -1,0 +1,1 @@
+4SELECT A, B, C FROM T

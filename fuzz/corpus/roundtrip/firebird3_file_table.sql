@@ -1,0 +1,1 @@
+4SELECT A FROM customer.db

@@ -1,0 +1,1 @@
+@select A1.QTY, a2.AMOUNT, A1.*, a2.CODE AS AL3 From "DATE" A1 FULL OUTER JOIN product_groups_1 a2 On (a2.code = A1.ITEM$NO) WHERE NOT (((A1."last name" < 807) AND (NOT ((a2.PRICE IS NULL) OR (a2.ORDER_DATE <> 'x"y')))) And (a2.CODE IS NOT NULL))

@@ -1,0 +1,6 @@
+4SELECT A,
+  B
+FROM
+  T
+WHERE
+  (A = 1)

@@ -1,0 +1,1 @@
+4select a, b from t where a = 1 order by b

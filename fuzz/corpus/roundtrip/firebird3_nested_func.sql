@@ -1,0 +1,1 @@
+4SELECT MAX(A + (B * (C - 1))) FROM T

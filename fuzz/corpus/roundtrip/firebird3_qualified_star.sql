@@ -1,0 +1,1 @@
+4SELECT T.*, U.X FROM T, U

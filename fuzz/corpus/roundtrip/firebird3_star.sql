@@ -1,0 +1,1 @@
+4SELECT * FROM T

@@ -1,0 +1,1 @@
+0SELECT 'abc' FROM 'x y'

@@ -1,0 +1,1 @@
+<SELECT A1.CODE, a2.ID, AVG(A3.DESCRIPTION) from "sales rep 0" A1 full outer join "order items 1" a2 ON (A1."FROM" <= a2.AMOUNT) right join "sales rep 2" A3 on (A1.NAME = A3.NAME) Where Not ((a2."MY-COL" <> A3."select") and (A3.DESCRIPTION Not Between 'a' and 'm') and (((A1."Desc" NOT LIKE '%z') AND (A1.PRICE < 'A%')))) Order By A3.note Asc, A1.NAME ASC, A3.CREATED_AT ASC

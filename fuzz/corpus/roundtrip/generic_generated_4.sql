@@ -1,0 +1,1 @@
+6Select A1."due date", a2.UNIT_PRICE, A1.UNIT_PRICE, A1.PRICE, COUNT(a2."unit price"), a2.PRICE, a2.CODE As AL6 FROM CUSTOMERS_0 A1 RIGHT JOIN stock_1 a2 ON (A1.STATUS >= a2.CUSTOMER_ID) Full Join "select" A3 On (A1.PRICE <= A3.AMOUNT) Where (A3.CUSTOMER_ID NOT BETWEEN 'a' and 'm') order by a2."MY-COL" Desc, A1.ID Desc

@@ -1,0 +1,1 @@
+BSelect A1.CODE + 6, A1."FROM", A1.PRICE, A1.ID From PRODUCT_GROUPS_0 A1, "select" Where (NOT (("select".UNIT_PRICE > 'abc'))) Order BY "select".NAME ASC

@@ -1,0 +1,1 @@
+0Select DISTINCT A1.NAME, A2.*, SUM(A2.ID) as AL2, A2.DESCRIPTION + 6, A1.CUSTOMER_ID from "From" A1 left join "From" A2 ON (A1.CREATED_AT = A2."ORDER") WHERE (A1.PRICE is not null)

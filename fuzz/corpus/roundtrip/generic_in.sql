@@ -1,0 +1,1 @@
+0SELECT A FROM T WHERE A IN (1, 2, 3) OR B NOT IN ('a','b')

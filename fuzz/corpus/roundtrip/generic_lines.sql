@@ -1,0 +1,6 @@
+0SELECT A,
+  B
+FROM
+  T
+WHERE
+  (A = 1)

@@ -1,0 +1,1 @@
+0SELECT T.*, U.X FROM T, U

@@ -1,0 +1,1 @@
+0SELECT "my col", T."ORDER" FROM "my table" T

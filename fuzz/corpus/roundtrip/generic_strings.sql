@@ -1,0 +1,1 @@
+0SELECT A FROM T WHERE A = 'it''s' AND B = ''

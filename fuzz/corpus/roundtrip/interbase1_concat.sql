@@ -1,0 +1,1 @@
+1SELECT A || B FROM T

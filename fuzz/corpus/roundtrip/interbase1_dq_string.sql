@@ -1,0 +1,1 @@
+1select a.x from "my table" a where (a.y = "it's") or (a.z = 'a"b')

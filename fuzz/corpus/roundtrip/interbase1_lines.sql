@@ -1,0 +1,6 @@
+1SELECT A,
+  B
+FROM
+  T
+WHERE
+  (A = 1)

@@ -1,0 +1,1 @@
+1SELECT T.*, U.X FROM T, U

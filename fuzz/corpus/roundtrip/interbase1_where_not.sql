@@ -1,0 +1,1 @@
+1SELECT A FROM T WHERE NOT ((A = 1) AND (B = 2))

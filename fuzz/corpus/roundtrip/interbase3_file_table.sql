@@ -1,0 +1,1 @@
+2SELECT A FROM customer.db

@@ -1,0 +1,1 @@
+2Select a1."CAST" AS "al 0", a1.CUSTOMER_ID As AL1, a1.ORDER_DATE, a1.created_at as AL3, a1.ITEM$NO AS AL4, a1.AMOUNT, a1.CREATED_AT, a1."unit price" FROM PRODUCTS_0 a1 inner join suppliers_1 A2 On (A2.DESCRIPTION >= a1.ID) where ((a1.ORDER_DATE NOT LIKE '%z')) And (a1.qty < 'x"y') And A2.AMOUNT <> a1.customer_id rows 53 BY 31 With TIES

@@ -1,0 +1,1 @@
+8select A1.UNIT_PRICE + 8, A1.line$no, A1.STATUS, A1.unit_price * 0, A1."unit price" from PROC_0(:P0) A1 RIGHT JOIN "order items 1" A2 on (A1.price <> A2.AMOUNT) Where ((A2.name Not In (699, 'x"y')) or (Not ((A2."unit price" >= 986)))) ROWS 17 By 68 percent

@@ -1,0 +1,6 @@
+2SELECT A,
+  B
+FROM
+  T
+WHERE
+  (A = 1)

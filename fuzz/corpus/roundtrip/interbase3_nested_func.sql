@@ -1,0 +1,1 @@
+2SELECT MAX(A + (B * (C - 1))) FROM T

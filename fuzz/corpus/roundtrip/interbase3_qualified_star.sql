@@ -1,0 +1,1 @@
+2SELECT T.*, U.X FROM T, U

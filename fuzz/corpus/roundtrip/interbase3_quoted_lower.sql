@@ -1,0 +1,1 @@
+2SELECT A."select", A."x y" FROM "order" A WHERE A."z" = 'it''s'

@@ -1,0 +1,1 @@
+2SELECT A FROM T WHERE A = 'it''s' AND B = ''

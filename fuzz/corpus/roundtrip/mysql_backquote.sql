@@ -1,0 +1,1 @@
+5SELECT `my col`, t.`order` FROM `my table` t

@@ -1,0 +1,1 @@
+5SELECT A, B, C FROM T

@@ -1,0 +1,1 @@
+5SELECT A FROM customer.db

@@ -1,0 +1,1 @@
+;SELECT stock_0.CUSTOMER_ID, COUNT(A1.ORDER_DATE) as `al 1`, stock_0.ID, stock_0.*, SUM(stock_0.NAME), A1.`CONCAT`, A1.ORDER_DATE, stock_0.PRICE From stock_0 FULL OUTER JOIN EMPLOYEES_1 A1 ON (A1.QTY = stock_0.PRICE) WHERE not ((A1.`LIMIT` not like '%z') or (A1.DESCRIPTION Is Null)) Limit 42

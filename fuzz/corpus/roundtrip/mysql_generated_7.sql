@@ -1,0 +1,1 @@
+;select A1.`ALL`, A1.total, A1.UNIT_PRICE from EMPLOYEES_0 A1 Right Join invoices_1 ON (invoices_1.CODE = A1.QTY) WHERE (A1.AMOUNT Is Null) AND ((A1.CODE >= 'it\'s')) ORDER BY A1.PRICE Limit 89

@@ -1,0 +1,6 @@
+5SELECT A,
+  B
+FROM
+  T
+WHERE
+  (A = 1)

@@ -1,0 +1,1 @@
+5SELECT MAX(A + (B * (C - 1))) FROM T

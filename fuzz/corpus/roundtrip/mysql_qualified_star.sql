@@ -1,0 +1,1 @@
+5SELECT T.*, U.X FROM T, U

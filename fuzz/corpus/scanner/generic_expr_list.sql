@@ -1,0 +1,1 @@
+0SELECT A + B * 2, SUM(A) / COUNT(B), 1.5 , 'str', -3 FROM T

@@ -1,0 +1,1 @@
+0SELECT MAX(A + (B * (C - 1))) FROM T

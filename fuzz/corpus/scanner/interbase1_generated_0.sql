@@ -1,0 +1,1 @@
+1select A1.ORDER_DATE * 8, A1.unit_price as AL1, A1.CODE, A1.ORDER_DATE, A1.NAME, A1.price + 7, A1.CREATED_AT, A1.unit_price * 2 from suppliers_0 A1 LEFT OUTER JOIN PRODUCT_GROUPS_1 A2 On (A2.UNIT_PRICE = A1.DESCRIPTION) Where (A1.QTY not in ('a','b')) order BY A1.code Asc ROWS 1 PERCENT with ties

@@ -1,0 +1,1 @@
+1SELECT MAX(A + (B * (C - 1))) FROM T

@@ -1,0 +1,1 @@
+1SELECT P.X FROM PROC(:A, 'x', 1) P

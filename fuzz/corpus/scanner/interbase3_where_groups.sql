@@ -1,0 +1,1 @@
+2SELECT A FROM T WHERE ((A = 1) OR (B = 2)) AND (C <= 3)

@@ -1,0 +1,1 @@
+3Select Distinct a.X From T a Where a.X Is Not Null Order By a.X Desc
