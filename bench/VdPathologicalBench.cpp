@@ -5,6 +5,7 @@
 #include "core/VdSelectParser.h"
 #include "dialects/VdIBParser.h"
 #include "dialects/VdMyParser.h"
+#include "tests/core/HostileText.h"
 
 #include <benchmark/benchmark.h>
 
@@ -17,27 +18,9 @@
 
 namespace {
 
-std::string Repeat(const std::string& s, size_t n)
-{
-    std::string result;
-    result.reserve(s.size() * n);
-    for (size_t i = 0; i < n; ++i)
-        result += s;
-    return result;
-}
-
-std::string Join(int64_t n, const std::string& sep, const std::function<std::string(int64_t)>& item)
-{
-    std::string result;
-    for (int64_t i = 0; i < n; ++i) {
-        if (i)
-            result += sep;
-        result += item(i);
-    }
-    return result;
-}
-
-std::string N(int64_t i) { return std::to_string(i); }
+using vdtest::Join;
+using vdtest::N;
+using vdtest::Repeat;
 
 std::string RandomBytes(std::uint32_t seed, size_t size, bool highBit)
 {

@@ -6,6 +6,7 @@
 #include "core/VdSelectParser.h"
 #include "dialects/VdIBParser.h"
 #include "dialects/VdMyParser.h"
+#include "tests/core/HostileText.h"
 
 #include "tests/core/ParseErrorReport.h"
 
@@ -73,28 +74,9 @@ std::unique_ptr<TVdSelectParser> MakeParser(TDialect dialect)
     return nullptr;
 }
 
-std::string Repeat(const std::string& s, size_t n)
-{
-    std::string result;
-    result.reserve(s.size() * n);
-    for (size_t i = 0; i < n; ++i)
-        result += s;
-    return result;
-}
-
-// item(0) sep item(1) sep ... item(n - 1)
-std::string Join(int n, const std::string& sep, const std::function<std::string(int)>& item)
-{
-    std::string result;
-    for (int i = 0; i < n; ++i) {
-        if (i)
-            result += sep;
-        result += item(i);
-    }
-    return result;
-}
-
-std::string N(int i) { return std::to_string(i); }
+using vdtest::Join;
+using vdtest::N;
+using vdtest::Repeat;
 
 std::string Visible(const std::string& s)
 {

@@ -131,6 +131,24 @@ testing::AssertionResult Refuses(const TFamilyStatement& entry, const std::strin
     return testing::AssertionSuccess();
 }
 
+testing::AssertionResult RowCounts(const TFamilyStatement& entry, const std::string& printed,
+                                   size_t printedRows, size_t referenceRows)
+{
+    TRows rows, reference;
+    testing::AssertionResult ran = Runs(entry, printed, rows);
+    if (!ran)
+        return ran;
+    ran = Runs(entry, entry.ReferenceSql(), reference);
+    if (!ran)
+        return ran;
+    if (rows.size() != printedRows || reference.size() != referenceRows)
+        return testing::AssertionFailure()
+               << "the print returns " << rows.size() << " rows (expected " << printedRows
+               << "), the reference " << reference.size() << " (expected " << referenceRows << ")\n"
+               << printed;
+    return testing::AssertionSuccess();
+}
+
 // The printed statement runs and returns the rows of the hand-written reference (compared
 // as sorted lists: ORDER BY is checked by running, the order of equal keys is the engine's).
 TEST_P(EngineStatement, RunsAndMatchesReference)

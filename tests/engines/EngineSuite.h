@@ -29,6 +29,11 @@ testing::AssertionResult Runs(const TFamilyStatement& entry, const std::string& 
 testing::AssertionResult Refuses(const TFamilyStatement& entry, const std::string& sql,
                                  const std::string& messagePart);
 
+// The engine runs both the print and the entry's reference, and they return these numbers
+// of rows (for prints an engine takes otherwise than the reference means).
+testing::AssertionResult RowCounts(const TFamilyStatement& entry, const std::string& printed,
+                                   size_t printedRows, size_t referenceRows);
+
 // The family for gtest: the test's name is the entry's name.
 struct TEntryName {
     std::string operator()(const testing::TestParamInfo<TFamilyStatement>& info) const
