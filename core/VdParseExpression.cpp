@@ -162,8 +162,11 @@ bool TVdExpressionReader::ReadQualified(TVdFunctionDef& node, TVdTableDef*& tabl
         qualifier = P.DottedNameText(qualifier, keptQualifier);
         qualifierAlias = qualifier;
     }
-    if (Context == TVdExprContext::SelectList)
+    if (Context == TVdExprContext::SelectList) {
+        if (dotted)
+            qualifierAlias = qualifier = P.TableNameText(qualifier);
         table = QualifierTable(qualifierAlias, qualifier);
+    }
     if (field.empty() || !AtStop(0))
         return false;
     if (parameter)

@@ -138,6 +138,24 @@ std::string TVdSelectParser::DottedNameText(const std::string& name, const std::
     return ProcessItemName(name) == ProcessItemName(kept) ? name : kept;
 }
 
+// A name of three parts or more without quotes (S.T.U) prints with its prefix quoted whole
+// ("S.T"."U"), which reads back as that quoted prefix: the model takes it in that form, so that
+// the table a text names and the table its print names are one.
+std::string TVdSelectParser::TableNameText(const std::string& name) const
+{
+    const TVdSQLScanner& scanner = Scanner();
+    const char quote = scanner.GetIdentQuote();
+    const size_t last = name.rfind('.');
+    if (!scanner.GetQuoteIdentifiers() || last == std::string::npos || last == 0 ||
+        name.find(quote) != std::string::npos)
+        return name;
+    const std::string prefix = name.substr(0, last);
+    if (prefix.find('.', 1) == std::string::npos || script::HasDbDot(name, name.find('.')) ||
+        !scanner.NeedQuotes(prefix))
+        return name;
+    return text::QuotedStr(prefix, quote) + name.substr(last);
+}
+
 bool TVdSelectParser::ReadsBackAsName(const std::string& printed) const
 {
     return !ReadBack(Scanner(), printed).empty();
@@ -205,8 +223,13 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
     TVdTableDef* table = nullptr;
     if (alias) {
         table = tables.FindByAlias(*alias);
-        if (!table)
-            table = tables.FindByAlias(name);
+        // The name used as an alias finds a table a qualifier made, not one an earlier FROM
+        // entry named otherwise (T2 WZB, WZB W: the second is a table of its own).
+        if (!table) {
+            TVdTableDef* byAlias = tables.FindByAlias(name);
+            if (byAlias && (byAlias->Name().empty() || byAlias->Name() == name))
+                table = byAlias;
+        }
         // A quoted alias ("A1") that a qualifier of the select list named as a name (A1).
         if (!table && alias->size() > 2 && alias->front() == Scanner().GetIdentQuote() &&
             alias->back() == alias->front())
@@ -289,7 +312,7 @@ void TVdSelectParser::DoParseTableDef()
         kept += "." + QuotedPartText(part);
         Next();
     }
-    name = DottedNameText(name, kept);
+    name = TableNameText(DottedNameText(name, kept));
     // What follows the name: an alias, "(" of a procedure call, or the end of this entry.
     const bool call = IsDelimToken('(');
     std::string alias;
@@ -399,6 +422,16 @@ void TVdSelectParser::DoParseJoinDef()
     std::string ownerField, joinedField, operation;
     if (!ReadJoinCondition(owner, ownerField, joined, joinedField, operation))
         return Fail();
+    // A table joined from two tables prints its own joins after each: the same join read
+    // again is that join, not one more (which would double at every round trip).
+    const TVdJoinDefs& joins = owner->JoinDefs();
+    for (int i = 0; i < joins.Count(); ++i) {
+        const TVdJoinDef* held = joins.Items(i);
+        if (held->FieldName == ownerField && held->JoinTable == joined->Alias() &&
+            held->JoinField == joinedField && held->Operation == operation &&
+            held->JoinKind == kind)
+            return;
+    }
     TVdJoinDef* join = owner->JoinDefs().Add();
     join->FieldName = ownerField;
     join->JoinTable = joined->Alias();
@@ -468,7 +501,7 @@ bool TVdSelectParser::ReadJoinCondition(TVdTableDef*& owner, std::string& ownerF
         }
         // The whole dotted name is looked up once it is read, not once per part.
         if (dotted) {
-            qualifier = DottedNameText(qualifier, keptQualifier);
+            qualifier = TableNameText(DottedNameText(qualifier, keptQualifier));
             table = FindTable(qualifier, qualifier);
         }
         if (!table)

@@ -48,8 +48,9 @@ inline void AppendItemName(std::string& out, const TVdSelectParser& parser, cons
     const TVdSQLScanner& scanner = parser.Scanner();
     const bool quoting = scanner.GetQuoteIdentifiers();
     const size_t firstDot = name.find('.');
-    // A file-name table such as customer.db is quoted as one name, not split at its dot.
-    if (quoting && HasDbDot(name, firstDot)) {
+    // A file-name table such as customer.db is quoted as one name, not split at its dot (a
+    // name kept in its quotes already is not quoted again).
+    if (quoting && HasDbDot(name, firstDot) && scanner.NeedQuotes(name)) {
         const char quote = scanner.GetIdentQuote();
         out += quote;
         out += name;

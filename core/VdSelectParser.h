@@ -174,6 +174,8 @@ protected:
     // from its parts' NameTexts joined (name) and their kept texts joined (kept).
     std::string QuotedPartText(const std::string& text) const;
     std::string DottedNameText(const std::string& name, const std::string& kept) const;
+    // The model text of a dotted name that names a table (FROM, a qualifier, a join).
+    std::string TableNameText(const std::string& name) const;
     // Whether a printed name reads back as one name.
     bool ReadsBackAsName(const std::string& printed) const;
     TVdTableDef* FindTable(const std::string& aliasText, const std::string& nameText) const;

@@ -44,8 +44,15 @@ void TVdTableDef::Assign(const TVdCollectionItem& source)
     const auto* src = dynamic_cast<const TVdTableDef*>(&source);
     if (!src || src == this)
         return;
-    SetName(src->FName);
-    SetAlias(src->FAlias);
+    // The name and alias are taken as they are: through SetName and SetAlias a new table would
+    // pass through its name as alias, and the joins of other tables that name that alias
+    // would follow it (U A1, A1 H: a join to A1 would end up at H).
+    if (TVdTableDefs* tables = Tables()) {
+        tables->TableKeyChanged(*this, false, FName, src->FName);
+        tables->TableKeyChanged(*this, true, FAlias, src->FAlias);
+    }
+    FName = src->FName;
+    FAlias = src->FAlias;
     FTableType = src->FTableType;
     FieldDefs().Assign(src->FieldDefs());
     JoinDefs().Assign(src->JoinDefs());

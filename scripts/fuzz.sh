@@ -7,7 +7,9 @@
 # build-fuzz/artifacts/. Exits non-zero when any target fails.
 #
 # Environment: FUZZ_BUILD_DIR (default build-fuzz), FUZZ_JOBS (default 2),
-# FUZZ_TIMEOUT (seconds per input, default 10).
+# FUZZ_TIMEOUT (seconds per input, default 10), FUZZ_SEED (libFuzzer's random seed; CI fixes
+# it so that a run can be replayed exactly and a pass does not depend on luck; default: a new
+# seed each run).
 set -euo pipefail
 
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -20,6 +22,7 @@ fi
 build=${FUZZ_BUILD_DIR:-build-fuzz}
 jobs=${FUZZ_JOBS:-2}
 timeout=${FUZZ_TIMEOUT:-10}
+seed=${FUZZ_SEED:-0}
 
 targets=(scanner parse_generic parse_interbase1 parse_interbase3 parse_firebird1
          parse_firebird3 parse_mysql roundtrip)
@@ -57,6 +60,7 @@ run_target() {
         -dict=fuzz/sql.dict \
         -max_total_time="$seconds" \
         -timeout="$timeout" \
+        -seed="$seed" \
         -detect_leaks=1 \
         -print_final_stats=1 \
         -artifact_prefix="$artifacts/vd_fuzz_$target-" \
@@ -90,7 +94,12 @@ for target in "${targets[@]}"; do
     result=ok
     if [[ "$status" != 0 ]]; then
         failed=1
-        if grep -q 'ERROR: libFuzzer: timeout' "$log"; then
+        check=$(grep -a -m 1 '^vd_fuzz' "$log" || true)
+        if [[ -n "$check" ]]; then
+            result="FAILED: $check"
+        elif grep -q 'terminate called after throwing' "$log"; then
+            result="FAILED (an exception escaped)"
+        elif grep -q 'ERROR: libFuzzer: timeout' "$log"; then
             result="FAILED (hang: an input ran longer than ${timeout} s)"
         elif grep -q 'ERROR: LeakSanitizer' "$log"; then
             result="FAILED (leak)"

@@ -105,6 +105,25 @@ TEST(FuzzRegression, EmptyPartOfDottedNameRefusedWhereNamesAreNotQuoted)
     }
 }
 
+// A table copied through Assign passed through its name as alias on the way to its own alias,
+// and the join of another table that named that alias followed it (to A1 H instead of U A1).
+TEST(FuzzRegression, CopiedTablesKeepTheJoinsOfOtherTables)
+{
+    TVdSelectParser source;
+    source.SetExpression("SELECT F FROM C FULL JOIN U A1 ON (C.N = A1.D), A1 H");
+    ASSERT_EQ(source.TableDefs().Count(), 3);
+    const std::string join =
+        "  \"C\" \r\n  FULL OUTER JOIN \"U\" A1 ON (\"C\".\"N\" = \"A1\".\"D\")";
+    EXPECT_EQ(source.TableDefs().Items(0)->GetScript(), join);
+    TVdSelectParser copy;
+    copy.TableDefs().Assign(source.TableDefs());
+    ASSERT_EQ(copy.TableDefs().Count(), 3);
+    EXPECT_EQ(copy.TableDefs().Items(0)->GetScript(), join);
+    EXPECT_EQ(copy.TableDefs().Items(0)->JoinDefs().Items(0)->JoinTable, "A1");
+    EXPECT_EQ(copy.TableDefs().Items(2)->Name(), "A1");
+    EXPECT_EQ(copy.TableDefs().Items(2)->Alias(), "H");
+}
+
 TEST_P(FuzzRegressionRoundTrip, PrintsAndReadsBack)
 {
     const TCase& c = GetParam();
@@ -203,6 +222,35 @@ INSTANTIATE_TEST_SUITE_P(
         TCase{"Firebird1AliasEqualToNameAfterThatAlias", TSetting::Firebird1,
               "SELECT A AS X, X AS X FROM T",
               "SELECT \r\n  T.A AS X,\r\n  T.X AS X1\r\nFROM\r\n  T\r\n"},
+        // A table joined from two tables prints its own joins after each; reading the same
+        // join again added it once more, so it doubled at every round trip.
+        TCase{"GenericTableJoinedFromTwoTables", TSetting::Generic,
+              "SELECT A1.X FROM A1 LEFT JOIN A3 ON (A1.O > A3.C), A2 RIGHT JOIN A3 ON (A2.S > "
+              "A3.C) LEFT JOIN A4 ON (A3.S < A4.D)",
+              "SELECT \r\n  \"A1\".\"X\"\r\nFROM\r\n  \"A1\" \r\n  LEFT OUTER JOIN \"A3\" ON "
+              "(\"A1\".\"O\" > \"A3\".\"C\") \r\n  LEFT OUTER JOIN \"A4\" ON (\"A3\".\"S\" < "
+              "\"A4\".\"D\"),\r\n  \"A2\" \r\n  RIGHT OUTER JOIN \"A3\" ON (\"A2\".\"S\" > "
+              "\"A3\".\"C\") \r\n  LEFT OUTER JOIN \"A4\" ON (\"A3\".\"S\" < \"A4\".\"D\")\r\n"},
+        // A name holding ".db" is quoted whole, as a file name; one kept in its quotes
+        // already was quoted a second time and read back as other tokens.
+        TCase{"Firebird3QuotedNameWithDbKeptInItsQuotes", TSetting::Firebird3, "SELECT\".db\"\"\"",
+              "SELECT \r\n  \".db\"\"\""},
+        TCase{"GenericQuotedTableNameWithDb", TSetting::Generic, "SELECT A FROM \".db\"\"\"",
+              "SELECT \r\n  \".db\"\"\".\"A\"\r\nFROM\r\n  \".db\"\"\"\r\n"},
+        // S.T.U prints as "S.T"."U", which reads back as another name than S.T.U: two tables
+        // that print alike became one, and a qualifier stopped naming the table of a call.
+        TCase{"GenericThreePartNameAndItsPrintNameOneTable", TSetting::Generic,
+              "SELECT M FROM A0.UNIT.X,\"A0.UNIT\".X",
+              "SELECT \r\n  \"A0.UNIT\".\"X\".\"M\"\r\nFROM\r\n  \"A0.UNIT\".\"X\"\r\n"},
+        TCase{"MySQLThreePartQualifierInCall", TSetting::MySQL, "SELECT L,MIN(M,W.S.e.)FROM T",
+              "SELECT \r\n  `W.S`.`e`.`L`,\r\n  MIN(`W.S`.`e`.`M`, W.S.e.) AS `FIELD_1`,\r\n  "
+              "`T`.`L` AS `L1`\r\nFROM\r\n  `T`\r\nGROUP BY\r\n  `W.S`.`e`.`L`,\r\n  "
+              "`T`.`L`\r\n"},
+        // A FROM entry whose name an earlier entry uses as alias (T2 WZB, then WZB W) took
+        // that table over instead of adding its own.
+        TCase{"GenericNameUsedAsAliasByEarlierEntry", TSetting::Generic,
+              "SELECT T2.X FROM WZB W,T2 WZB",
+              "SELECT \r\n  \"WZB\".\"X\"\r\nFROM\r\n  \"T2\" WZB,\r\n  \"WZB\" W\r\n"},
         TCase{"Firebird1NonAsciiWordTwice", TSetting::Firebird1, "select 1,\xC1,\xC1",
               "SELECT \r\n  1 AS FIELD_1,\r\n  \xC1,\r\n  \xC1 AS FIELD_2"}),
     [](const ::testing::TestParamInfo<TCase>& info) { return std::string(info.param.Name); });

@@ -1,0 +1,1 @@
+2SELECT "a.b"."x"."y".C FROM "a.b"."x"."y"

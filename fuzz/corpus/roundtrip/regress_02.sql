@@ -1,0 +1,1 @@
+0SELECT X, X AS X

@@ -1,0 +1,1 @@
+2SELECT T.A FROM T WHERE "a.b"."x"."y".C = 1

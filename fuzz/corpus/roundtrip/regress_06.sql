@@ -1,0 +1,1 @@
+2SELECT A.C FROM "a.b"."x"."y" A INNER JOIN U ON ("a.b"."x"."y".C = U.D)

@@ -1,0 +1,1 @@
+3SELECT E."".F FROM T

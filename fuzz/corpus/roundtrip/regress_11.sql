@@ -1,0 +1,1 @@
+3SELECT F FROM E.""

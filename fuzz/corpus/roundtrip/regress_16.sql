@@ -1,0 +1,1 @@
+5SELECT L,MIN(M,W.S.e.)FROM T

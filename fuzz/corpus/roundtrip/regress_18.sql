@@ -1,0 +1,1 @@
+0SELECT P FROM O(A."'")

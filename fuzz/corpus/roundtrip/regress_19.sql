@@ -1,0 +1,1 @@
+2SELECT P FROM O(A."'", a."b")

@@ -1,0 +1,1 @@
+5SELECT `\``,`\`` FROM T

@@ -1,0 +1,1 @@
+3SELECT X,X AS X

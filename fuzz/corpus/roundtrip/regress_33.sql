@@ -1,0 +1,1 @@
+5SELECT`m.`,t.FROM E

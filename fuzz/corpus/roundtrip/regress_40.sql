@@ -1,0 +1,1 @@
+?SeLECT F FROM E.""
