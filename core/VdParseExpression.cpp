@@ -195,11 +195,16 @@ void TVdExpressionReader::ReadSingle(TVdFunctionDef& node)
 {
     const TTokenKind kind = S.TokenKind();
     if (S.TokenQuoted()) {
+        // Quoted text that is an operation ('/') is read as tkOperation: its quote still tells
+        // a string from a name.
+        const char quote = S.TokenQuote();
+        const bool string =
+            kind == tkString || (kind == tkOperation && S.IsQuote(quote) && !S.IsIdentQuote(quote));
         if (Context == TVdExprContext::Parameter) {
             // A procedure's argument prints as written after its ":".
             node.SetName(S.RawToken());
-            node.SetKind(kind == tkString ? fkString : fkIdentifier);
-        } else if (kind == tkString) {
+            node.SetKind(string ? fkString : fkIdentifier);
+        } else if (string) {
             node.SetName(StringName(S.UnquoteString(S.Token(), S.TokenQuote())));
             node.SetKind(fkString);
         } else {

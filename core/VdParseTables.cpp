@@ -133,7 +133,7 @@ std::string TVdSelectParser::QuotedPartText(const std::string& text) const
 
 std::string TVdSelectParser::DottedNameText(const std::string& name, const std::string& kept) const
 {
-    if (name == kept || name.find(Scanner().GetIdentQuote()) == std::string::npos)
+    if (name == kept)
         return name;
     return ProcessItemName(name) == ProcessItemName(kept) ? name : kept;
 }

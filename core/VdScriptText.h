@@ -48,9 +48,11 @@ inline void AppendItemName(std::string& out, const TVdSelectParser& parser, cons
     const TVdSQLScanner& scanner = parser.Scanner();
     const bool quoting = scanner.GetQuoteIdentifiers();
     const size_t firstDot = name.find('.');
-    // A file-name table such as customer.db is quoted as one name, not split at its dot (a
-    // name kept in its quotes already is not quoted again).
-    if (quoting && HasDbDot(name, firstDot) && scanner.NeedQuotes(name)) {
+    // A file-name table such as customer.db is quoted as one name, not split at its dot. A
+    // name that holds the quote already (".db""" kept in its quotes, ".db""".M) has its
+    // quoted parts, which quoting it whole would break.
+    if (quoting && HasDbDot(name, firstDot) &&
+        name.find(scanner.GetIdentQuote()) == std::string::npos) {
         const char quote = scanner.GetIdentQuote();
         out += quote;
         out += name;

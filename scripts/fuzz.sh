@@ -6,7 +6,7 @@
 # hang, leaks are reported, and every crash, hang or leak leaves its input in
 # build-fuzz/artifacts/. Exits non-zero when any target fails.
 #
-# Environment: FUZZ_BUILD_DIR (default build-fuzz), FUZZ_JOBS (default 2),
+# Environment: FUZZ_REPLAY_ONLY (see below), FUZZ_BUILD_DIR (default build-fuzz), FUZZ_JOBS (default 2),
 # FUZZ_TIMEOUT (seconds per input, default 10), FUZZ_SEED (libFuzzer's random seed; CI fixes
 # it so that a run can be replayed exactly and a pass does not depend on luck; default: a new
 # seed each run).
@@ -23,6 +23,9 @@ build=${FUZZ_BUILD_DIR:-build-fuzz}
 jobs=${FUZZ_JOBS:-2}
 timeout=${FUZZ_TIMEOUT:-10}
 seed=${FUZZ_SEED:-0}
+# Targets named in FUZZ_REPLAY_ONLY (blank-separated) only run their seed corpus once instead
+# of fuzzing: for a target with known open findings, so that its regressions still fail.
+replay_only=" ${FUZZ_REPLAY_ONLY:-} "
 
 targets=(scanner parse_generic parse_interbase1 parse_interbase3 parse_firebird1
          parse_firebird3 parse_mysql roundtrip)
@@ -56,9 +59,11 @@ run_target() {
     cp -r "fuzz/corpus/$target" "$corpus"
     local start status=0
     start=$(date +%s)
+    local budget=(-max_total_time="$seconds")
+    [[ "$replay_only" == *" $target "* ]] && budget=(-runs=0)
     "$build/bin/vd_fuzz_$target" "$corpus" \
         -dict=fuzz/sql.dict \
-        -max_total_time="$seconds" \
+        "${budget[@]}" \
         -timeout="$timeout" \
         -seed="$seed" \
         -detect_leaks=1 \

@@ -251,6 +251,20 @@ INSTANTIATE_TEST_SUITE_P(
         TCase{"GenericNameUsedAsAliasByEarlierEntry", TSetting::Generic,
               "SELECT T2.X FROM WZB W,T2 WZB",
               "SELECT \r\n  \"WZB\".\"X\"\r\nFROM\r\n  \"T2\" WZB,\r\n  \"WZB\" W\r\n"},
+        // A string whose text is an operation ('/') reaches the parser as tkOperation: it was
+        // read as a name, which prints as nothing where names are never quoted.
+        TCase{"InterBase1StringHoldingAnOperation", TSetting::InterBase1,
+              "SELECT A FROM T WHERE A='/'",
+              "SELECT \r\n  T.A\r\nFROM\r\n  T\r\nWHERE\r\n  (A = '/')\r\n"},
+        TCase{"InterBase3StringHoldingAnOperation", TSetting::InterBase3,
+              "SELECT A FROM T WHERE A='+' OR B='*'",
+              "SELECT \r\n  T.A\r\nFROM\r\n  T\r\nWHERE\r\n  (A = '+') OR \r\n  (B = '*')\r\n"},
+        // A dotted name with a part that holds ".db" was quoted whole as a file name, quotes
+        // of its parts and all.
+        TCase{"Firebird3DbPartKeptInQuotesBeforeMore", TSetting::Firebird3, "SELECT\".db\"\"\".M.M",
+              "SELECT \r\n  \".db\"\"\".M.M"},
+        TCase{"MySQLDbStringAsQualifierPart", TSetting::MySQL, "SELECT\".db\"\"\".M.M",
+              "SELECT \r\n  `.db\"`.`M`.`M`"},
         TCase{"Firebird1NonAsciiWordTwice", TSetting::Firebird1, "select 1,\xC1,\xC1",
               "SELECT \r\n  1 AS FIELD_1,\r\n  \xC1,\r\n  \xC1 AS FIELD_2"}),
     [](const ::testing::TestParamInfo<TCase>& info) { return std::string(info.param.Name); });

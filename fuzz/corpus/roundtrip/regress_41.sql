@@ -1,0 +1,1 @@
+1SELECT A FROM T WHERE A='/'
