@@ -138,13 +138,13 @@ bool TVdExpressionReader::ReadQualified(TVdFunctionDef& node, TVdTableDef*& tabl
     Consume(); // "."
     bool star = false;
     bool dotted = false;
-    std::string field;
+    std::string field, keptField;
     for (;;) {
         star = !S.TokenQuoted() && S.Token() == "*";
         if (!star && !P.IsNameKind())
             break;
         field = star ? std::string("*") : P.NameText();
-        const std::string keptField = star ? field : P.QuotedPartText(field);
+        keptField = star ? field : P.QuotedPartText(field);
         if (parameter)
             asWritten += "." + (star ? field : written());
         Consume();
@@ -156,23 +156,32 @@ bool TVdExpressionReader::ReadQualified(TVdFunctionDef& node, TVdTableDef*& tabl
         field.clear();
         Consume(); // "."
     }
+    // In a condition the qualifier and the field print as one name, in which the qualifier's
+    // last part is no longer the last ("E."."y".C): its quotes are weighed on the whole name.
+    const std::string conditionName =
+        Context == TVdExprContext::Condition && !field.empty()
+            ? P.DottedNameText(qualifier + "." + field, keptQualifier + "." + keptField)
+            : std::string();
     // A dotted qualifier is its own alias text; taken once, as a copy per part would make a
     // long name cost its square.
+    // In the select list it names a table, whose name of three parts or more takes its
+    // printed form first: the plain and the kept text are weighed in that form (Q.'.' is
+    // "Q".".", not the table "Q."."" that Q.. would be).
     if (dotted) {
-        qualifier = P.DottedNameText(qualifier, keptQualifier);
+        if (Context == TVdExprContext::SelectList)
+            qualifier = P.DottedNameText(P.TableNameText(qualifier), P.TableNameText(keptQualifier));
+        else
+            qualifier = P.DottedNameText(qualifier, keptQualifier);
         qualifierAlias = qualifier;
     }
-    if (Context == TVdExprContext::SelectList) {
-        if (dotted)
-            qualifierAlias = qualifier = P.TableNameText(qualifier);
+    if (Context == TVdExprContext::SelectList)
         table = QualifierTable(qualifierAlias, qualifier);
-    }
     if (field.empty() || !AtStop(0))
         return false;
     if (parameter)
         node.SetName(asWritten);
     else
-        node.SetName(Context == TVdExprContext::SelectList ? field : qualifier + "." + field);
+        node.SetName(Context == TVdExprContext::SelectList ? field : conditionName);
     node.SetKind(fkIdentifier);
     return true;
 }

@@ -2,6 +2,8 @@
 #include "core/VdScriptText.h"
 #include "core/VdSelectParser.h"
 
+#include <algorithm>
+
 namespace vd {
 
 namespace {
@@ -49,7 +51,7 @@ std::string KeptQuoted(const TVdSQLScanner& scanner, const std::string& plain,
 {
     if (print(raw) == raw)
         return raw;
-    const std::string requoted = text::QuotedStr(plain, scanner.GetIdentQuote());
+    const std::string requoted = scanner.QuotedName(plain);
     return print(requoted) == requoted ? requoted : std::string();
 }
 
@@ -125,10 +127,10 @@ std::string TVdSelectParser::AliasText() const
 std::string TVdSelectParser::QuotedPartText(const std::string& text) const
 {
     const TVdSQLScanner& scanner = Scanner();
-    if (!scanner.TokenQuoted() || text.empty() || text == scanner.RawToken() ||
-        scanner.ProcessName(text) == text)
+    if (!scanner.TokenQuoted() || text == scanner.RawToken() ||
+        (!text.empty() && scanner.ProcessName(text) == text))
         return text;
-    return text::QuotedStr(text, scanner.GetIdentQuote());
+    return scanner.QuotedName(text);
 }
 
 std::string TVdSelectParser::DottedNameText(const std::string& name, const std::string& kept) const
@@ -153,12 +155,19 @@ std::string TVdSelectParser::TableNameText(const std::string& name) const
     if (prefix.find('.', 1) == std::string::npos || script::HasDbDot(name, name.find('.')) ||
         !scanner.NeedQuotes(prefix))
         return name;
-    return text::QuotedStr(prefix, quote) + name.substr(last);
+    return scanner.QuotedName(prefix) + name.substr(last);
 }
 
 bool TVdSelectParser::ReadsBackAsName(const std::string& printed) const
 {
     return !ReadBack(Scanner(), printed).empty();
+}
+
+// An alias qualifies the table's columns in the select list: one that would not read back as
+// one name once printed there (a string holding a dot, 'a.b') cannot be a table's alias.
+bool TVdSelectParser::QualifiesAsAlias(const std::string& alias) const
+{
+    return ReadsBackAsName(ProcessItemName(alias));
 }
 
 std::string TVdSelectParser::ProcessItemName(const std::string& name) const
@@ -324,6 +333,8 @@ void TVdSelectParser::DoParseTableDef()
         if (!IsAliasToken())
             return Fail();
         alias = AliasText();
+        if (!QualifiesAsAlias(alias))
+            return Fail();
         hasAlias = true;
         Next();
     }
@@ -334,6 +345,8 @@ void TVdSelectParser::DoParseTableDef()
         DoParseProcParams();
         if (FState == ssError)
             return;
+        if (hasAlias && !QualifiesAsAlias(alias))
+            return Fail();
         if (hasAlias)
             Next();
     }
@@ -421,6 +434,14 @@ void TVdSelectParser::DoParseJoinDef()
     TVdTableDef* owner = nullptr;
     std::string ownerField, joinedField, operation;
     if (!ReadJoinCondition(owner, ownerField, joined, joinedField, operation))
+        return Fail();
+    // A join that would print nothing (ON (A.X = B."")) is refused, not kept: an empty field
+    // of the owning side, or a joined field of blanks and control characters only.
+    const auto hasText = [](const std::string& s) {
+        return std::any_of(s.begin(), s.end(),
+                           [](char c) { return static_cast<unsigned char>(c) > ' '; });
+    };
+    if (ownerField.empty() || !hasText(joinedField))
         return Fail();
     // A table joined from two tables prints its own joins after each: the same join read
     // again is that join, not one more (which would double at every round trip).

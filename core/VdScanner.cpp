@@ -218,17 +218,18 @@ void TVdSQLScanner::DefineOperations()
 
 namespace {
 
-// End (exclusive) of a part that opens with quote at 0, doubled quotes skipped; npos if open.
-size_t QuotedPartEnd(std::string_view s, char quote)
+// End (exclusive) of a part that opens with quote at 0, where the scanner closes it (a doubled
+// quote does not, nor in MySQL a quote after a backslash); npos if it stays open.
+size_t QuotedPartEnd(const TVdSQLScanner& scanner, std::string_view s, char quote)
 {
+    std::string read;
     for (size_t i = 1; i < s.size(); ++i) {
-        if (s[i] != quote)
-            continue;
-        if (i + 1 < s.size() && s[i + 1] == quote) {
-            ++i;
-            continue;
+        if (s[i] == quote) {
+            const int next = i + 1 < s.size() ? static_cast<unsigned char>(s[i + 1]) : ' ';
+            if (scanner.IsTerminator(quote, read, quote, next))
+                return i + 1;
         }
-        return i + 1;
+        read += s[i];
     }
     return std::string_view::npos;
 }
@@ -242,7 +243,7 @@ std::string TVdSQLScanner::ProcessName(const std::string& name) const
     const char quote = GetIdentQuote();
     // Without a "." after the first character the whole name is the last part (no prefix).
     if (name.size() < 2 || name.find('.', 1) == std::string::npos)
-        return NeedQuotes(name) ? text::QuotedStr(name, quote) : name;
+        return NeedQuotes(name) ? QuotedName(name) : name;
     std::string prefix;
     bool hasPrefix = false;
     bool anyQuoted = false;
@@ -253,7 +254,7 @@ std::string TVdSQLScanner::ProcessName(const std::string& name) const
             break;
         std::string_view part;
         if (rest.front() == quote) {
-            const size_t end = QuotedPartEnd(rest, quote);
+            const size_t end = QuotedPartEnd(*this, rest, quote);
             if (end == std::string_view::npos || end >= rest.size())
                 break; // the quoted text runs to the end: it is the last part
             if (rest[end] == '.') {
@@ -282,14 +283,14 @@ std::string TVdSQLScanner::ProcessName(const std::string& name) const
     std::string result;
     if (hasPrefix) {
         if (!anyQuoted && NeedQuotes(prefix))
-            text::AppendQuoted(result, prefix, quote);
+            AppendQuotedName(result, prefix);
         else
             result = prefix;
         result += '.';
     }
     const std::string last(rest);
     if (NeedQuotes(last))
-        text::AppendQuoted(result, last, quote);
+        AppendQuotedName(result, last);
     else
         result += last;
     return result;
@@ -303,6 +304,18 @@ std::string TVdSQLScanner::UnquoteString(const std::string& content, char quote)
 std::string TVdSQLScanner::QuoteString(const std::string& value) const
 {
     return text::QuotedStr(value, '\'');
+}
+
+void TVdSQLScanner::AppendQuotedName(std::string& out, std::string_view name) const
+{
+    text::AppendQuoted(out, name, GetIdentQuote());
+}
+
+std::string TVdSQLScanner::QuotedName(std::string_view name) const
+{
+    std::string result;
+    AppendQuotedName(result, name);
+    return result;
 }
 
 void TVdSQLScanner::SetKeywords(const TVdWordList& words)

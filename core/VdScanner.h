@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace vd {
 
@@ -122,6 +123,10 @@ public:
     // A string the model keeps (the inverse of UnquoteString) written as a literal of this
     // dialect: in apostrophes, an apostrophe inside doubled.
     virtual std::string QuoteString(const std::string& value) const;
+    // A name written in identifier quotes so that it reads back as itself: a quote inside
+    // doubled.
+    virtual void AppendQuotedName(std::string& out, std::string_view name) const;
+    std::string QuotedName(std::string_view name) const;
 
     void SetKeywords(const TVdWordList& words);
     void SetFunctions(const TVdWordList& words);

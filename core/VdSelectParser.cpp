@@ -306,7 +306,11 @@ void TVdSelectParser::DoParseSelectClause()
 bool TVdSelectParser::StartsSelectList() const
 {
     const TTokenKind kind = Kind();
-    const bool star = !Scanner().TokenQuoted() && Token() == "*";
+    // Quoted text of any kind starts an item: '/' reads as an operation yet is a string, or
+    // the qualifier of a table aliased '/'.
+    if (Scanner().TokenQuoted())
+        return kind != tkEnd;
+    const bool star = Token() == "*";
     return star || kind == tkFunction || kind == tkInteger || kind == tkFloat || kind == tkString ||
            kind == tkIdent || kind == tkIdentString;
 }
@@ -430,7 +434,8 @@ void TVdSelectParser::CopyField(const TVdFieldDef& field, bool hasAlias, const s
 // A generated alias made from a name ("my col" -> "my col1") is kept in the quotes it needs to
 // read back, where aliases print as they are. Where aliases print as names, one that would not
 // read back as a name is generated as for an expression instead: #1 where names are never
-// quoted (InterBase dialect 1), `\``1 where a backslash escapes a quote (MySQL).
+// quoted (InterBase dialect 1), one ending in a backslash where that escapes the closing
+// quote (MySQL).
 std::string TVdSelectParser::PrintableAlias(const std::string& alias) const
 {
     const TVdSQLScanner& scanner = Scanner();
@@ -443,7 +448,7 @@ std::string TVdSelectParser::PrintableAlias(const std::string& alias) const
         return alias;
     if (scanner.IsIdentifier(alias) && !scanner.IsKeyword(alias) && !scanner.IsFunction(alias))
         return alias;
-    return text::QuotedStr(alias, scanner.GetIdentQuote());
+    return scanner.QuotedName(alias);
 }
 
 void TVdSelectParser::DoParseFromClause()

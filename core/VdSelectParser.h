@@ -178,6 +178,7 @@ protected:
     std::string TableNameText(const std::string& name) const;
     // Whether a printed name reads back as one name.
     bool ReadsBackAsName(const std::string& printed) const;
+    bool QualifiesAsAlias(const std::string& alias) const;
     TVdTableDef* FindTable(const std::string& aliasText, const std::string& nameText) const;
 
     std::string FLastTableName;

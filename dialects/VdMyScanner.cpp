@@ -75,6 +75,27 @@ bool TVdMySQLScanner::ReadsBackAsString(const std::string& body) const
     return IsTerminator(quote, read, quote, ' ');
 }
 
+void TVdMySQLScanner::AppendQuotedName(std::string& out, std::string_view name) const
+{
+    const char quote = GetIdentQuote();
+    out.reserve(out.size() + name.size() + 2);
+    out += quote;
+    for (size_t i = 0; i < name.size(); ++i) {
+        out += name[i];
+        if (name[i] != quote)
+            continue;
+        const bool escaped = i > 0 && name[i - 1] == '\\';
+        if (!escaped)
+            out += quote;
+        // The rest of the run is doubled in both cases.
+        for (; i + 1 < name.size() && name[i + 1] == quote; ++i) {
+            out += quote;
+            out += quote;
+        }
+    }
+    out += quote;
+}
+
 std::string TVdMySQLScanner::QuoteString(const std::string& value) const
 {
     if (ReadsBackAsString(value))

@@ -24,6 +24,9 @@ public:
     // The kept text between apostrophes when it reads back as one string; otherwise each
     // apostrophe that would end it is escaped with a backslash.
     std::string QuoteString(const std::string& value) const override;
+    // A back quote doubled, except in a run of them after a backslash, which already escapes
+    // one: `\`` reads back as \`, so k such quotes are written 2k - 1 times.
+    void AppendQuotedName(std::string& out, std::string_view name) const override;
 
 private:
     bool ReadsBackAsString(const std::string& body) const;

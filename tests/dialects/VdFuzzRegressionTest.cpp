@@ -124,6 +124,44 @@ TEST(FuzzRegression, CopiedTablesKeepTheJoinsOfOtherTables)
     EXPECT_EQ(copy.TableDefs().Items(2)->Alias(), "H");
 }
 
+// A join on an empty or blank field prints nothing, so it was lost in print, along with the
+// joined table's place in FROM: such a join is refused.
+TEST(FuzzRegression, JoinOnBlankFieldRefused)
+{
+    for (const char* text : {"SELECT A FROM T INNER JOIN U ON (T.A = U.\"\")",
+                             "SELECT A FROM T INNER JOIN U ON (T.A = U.\" \")",
+                             "SELECT A FROM T INNER JOIN U ON (T.\"\" = U.B)"}) {
+        SCOPED_TRACE(text);
+        TVdSelectParser parser;
+        try {
+            parser.SetExpression(text);
+            ADD_FAILURE() << "accepted, printed as\n" << parser.GetExpression();
+        } catch (const EVdParserError& e) {
+            EXPECT_STREQ(e.what(), "Unexpected end of statement.");
+        }
+    }
+}
+
+// A table alias given as a string with a dot in it ('..') qualifies the table's columns in
+// the select list, where it printed split at its dots and named another table: refused.
+TEST(FuzzRegression, TableAliasStringWithDotRefused)
+{
+    const std::pair<const char*, const char*> cases[] = {
+        {"SELECT A FROM K'..',R", "Invalid token '..' at position 17 of line 1."},
+        {"SELECT A FROM K 'a.b'", "Invalid token 'a.b' at position 18 of line 1."},
+        {"SELECT A FROM P(1) 'a.b'", "Invalid token 'a.b' at position 21 of line 1."}};
+    for (const auto& [text, message] : cases) {
+        SCOPED_TRACE(text);
+        TVdSelectParser parser;
+        try {
+            parser.SetExpression(text);
+            ADD_FAILURE() << "accepted, printed as\n" << parser.GetExpression();
+        } catch (const EVdParserError& e) {
+            EXPECT_STREQ(e.what(), message);
+        }
+    }
+}
+
 TEST_P(FuzzRegressionRoundTrip, PrintsAndReadsBack)
 {
     const TCase& c = GetParam();
@@ -176,9 +214,8 @@ INSTANTIATE_TEST_SUITE_P(
         TCase{"Firebird3LowerCasePartBeforeEmptyPart", TSetting::Firebird3,
               "SELECT\"{.\".\"x\".\"\".\"y\"", "SELECT \r\n  \"{.\".\"x\".\"\".\"y\""},
         // A backslash escapes a back quote inside back quotes, so a name holding \` printed
-        // with its back quote doubled did not end where it should: such a name is kept as
-        // written, and an alias made from it that would not read back is made as for an
-        // expression.
+        // with its back quote doubled did not end where it should: that back quote is
+        // written once, in names and in the aliases made from them.
         TCase{"MySQLBackslashQuoteInQualifier", TSetting::MySQL, "SELECT `\\``.U",
               "SELECT \r\n  `\\``.`U`"},
         TCase{"MySQLBackslashQuoteInTableName", TSetting::MySQL, "SELECT U FROM `\\``",
@@ -186,7 +223,7 @@ INSTANTIATE_TEST_SUITE_P(
         TCase{"MySQLBackslashQuoteInAlias", TSetting::MySQL, "SELECT A AS `\\`` FROM T",
               "SELECT \r\n  `T`.`A` AS `\\``\r\nFROM\r\n  `T`\r\n"},
         TCase{"MySQLBackslashQuoteNameTwice", TSetting::MySQL, "SELECT `\\``,`\\`` FROM T",
-              "SELECT \r\n  `T`.`\\``,\r\n  `T`.`\\`` AS `FIELD_1`\r\nFROM\r\n  `T`\r\n"},
+              "SELECT \r\n  `T`.`\\``,\r\n  `T`.`\\`` AS `\\`1`\r\nFROM\r\n  `T`\r\n"},
         // A procedure's argument prints as written after its ":": a qualified one lost the
         // quotes of its parts (A."'" printed :A.' and opened a string).
         TCase{"GenericQuotedPartOfProcedureArgument", TSetting::Generic, "SELECT P FROM O(A.\"'\")",
@@ -265,6 +302,26 @@ INSTANTIATE_TEST_SUITE_P(
               "SELECT \r\n  \".db\"\"\".M.M"},
         TCase{"MySQLDbStringAsQualifierPart", TSetting::MySQL, "SELECT\".db\"\"\".M.M",
               "SELECT \r\n  `.db\"`.`M`.`M`"},
+        // In a condition a qualifier and its field print as one name, where the qualifier's
+        // last part stands in the middle: a lower-case part read from quotes lost them.
+        TCase{"InterBase3LowerCaseLastQualifierPartInWhere", TSetting::InterBase3,
+              "SELECT T.A FROM T WHERE \"E.\".\"y\".C=1",
+              "SELECT \r\n  T.A\r\nFROM\r\n  T\r\nWHERE\r\n  (\"E.\".\"y\".C = 1)\r\n"},
+        TCase{"InterBase3EmptyFirstPartOfDottedName", TSetting::InterBase3,
+              "SELECT \"\".J.\"x\".a.D", "SELECT \r\n  \"\".J.\"x\".A.D"},
+        // A back quote after a backslash is escaped by it already: doubled as well, the
+        // name closed early and the rest of the statement read as something else.
+        TCase{"MySQLBackQuoteAfterBackslashInName", TSetting::MySQL,
+              "SELECT `\\`\"my A1.*, 2, `,`x`",
+              "SELECT \r\n  `\\`\"my A1.*, 2, `,\r\n  `x`"},
+        // A string part of a dotted qualifier ('.') holds a dot: the plain text Q.. named the
+        // table "Q."."" once its print was read back.
+        TCase{"GenericStringPartWithDotInQualifier", TSetting::Generic, "SELECT Q.'.'.c",
+              "SELECT \r\n  \"Q\".\".\".\"c\""},
+        // A table aliased by a string that reads as an operation ('/') is named so in the
+        // select list: the list may start with it.
+        TCase{"GenericOperationStringAsTableAlias", TSetting::Generic, "SELECT\tA FROM K'/'",
+              "SELECT \r\n  '/'.\"A\"\r\nFROM\r\n  \"K\" '/'\r\n"},
         TCase{"Firebird1NonAsciiWordTwice", TSetting::Firebird1, "select 1,\xC1,\xC1",
               "SELECT \r\n  1 AS FIELD_1,\r\n  \xC1,\r\n  \xC1 AS FIELD_2"}),
     [](const ::testing::TestParamInfo<TCase>& info) { return std::string(info.param.Name); });

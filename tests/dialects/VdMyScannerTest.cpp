@@ -901,3 +901,69 @@ TEST(MyStringsProperty, QuotedValuesReadBackAsTheSameLiteral)
     EXPECT_TRUE(failures.empty()) << failures.size() << " values failed, first ones:\n" << report;
     EXPECT_EQ(fixedPoints + limitation, int(values.size()));
 }
+
+TEST(MyNames, QuoteInsideANameIsDoubled)
+{
+    TVdMySQLScanner s;
+    EXPECT_EQ(s.QuotedName("a`b"), "`a``b`");
+    EXPECT_EQ(s.QuotedName("a``b"), "`a````b`");
+    EXPECT_EQ(s.QuotedName("`"), "````");
+}
+
+// After a backslash the first back quote of a run is escaped by it already: doubling it too
+// would close the name there.
+TEST(MyNames, QuoteAfterABackslashIsWrittenOnce)
+{
+    TVdMySQLScanner s;
+    EXPECT_EQ(s.QuotedName("\\`"), "`\\``");
+    EXPECT_EQ(s.QuotedName("\\`x"), "`\\`x`");
+    EXPECT_EQ(s.QuotedName("\\``x"), "`\\```x`");
+    EXPECT_EQ(s.QuotedName("a\\`\"my b"), "`a\\`\"my b`");
+}
+
+TEST(MyNames, ProcessNameQuotesEachPartTheSameWay)
+{
+    TVdMySQLScanner s;
+    EXPECT_EQ(s.ProcessName("\\`x"), "`\\`x`");
+    EXPECT_EQ(s.ProcessName("T.\\`x"), "`T`.`\\`x`");
+}
+
+// Every table name over a back quote, a backslash and a letter, up to five characters, is
+// written so that it reads back as one name and prints the same again; the names that end in a
+// backslash are the exception (the closing quote after it is escaped).
+TEST(MyNamesProperty, QuotedNamesReadBackAsTheSameName)
+{
+    const std::vector<std::string> names = AllStrings("a`\\", 5);
+    ASSERT_EQ(names.size(), 1u + 3u + 9u + 27u + 81u + 243u);
+    TVdMySQLScanner scanner;
+    int checked = 0;
+    std::vector<std::string> failures;
+    for (const std::string& name : names) {
+        if (name.empty() || name.back() == '\\')
+            continue;
+        ++checked;
+        const std::string quoted = scanner.QuotedName(name);
+        const std::string statement = "SELECT * FROM " + quoted;
+        try {
+            TVdMySelectParser parser;
+            parser.SetExpression(statement);
+            const std::string expected = "SELECT *\r\nFROM\r\n  " + quoted + "\r\n";
+            // A name that starts and ends with the quote is kept with its quotes.
+            const std::string& read = parser.TableDefs().Items(0)->Name();
+            if (parser.TableDefs().Count() != 1 || (read != name && read != quoted))
+                failures.push_back(Visible(name) + " -> " + quoted + ": read " +
+                                   std::to_string(parser.TableDefs().Count()) + " tables, " +
+                                   Visible(parser.TableDefs().Items(0)->Name()));
+            else if (parser.GetExpression() != expected)
+                failures.push_back(Visible(name) + " -> " + quoted + ": printed " +
+                                   OneLine(parser.GetExpression()));
+        } catch (const EVdParserError& e) {
+            failures.push_back(Visible(name) + " -> " + quoted + ": " + e.what());
+        }
+    }
+    EXPECT_EQ(checked, 1 + 2 + 6 + 18 + 54 + 162 - 1);
+    std::string report;
+    for (size_t i = 0; i < failures.size() && i < 20; ++i)
+        report += failures[i] + "\n";
+    EXPECT_TRUE(failures.empty()) << failures.size() << " names failed, first ones:\n" << report;
+}

@@ -1,0 +1,1 @@
+2SELECT T.A FROM T WHERE "E."."y".C=1

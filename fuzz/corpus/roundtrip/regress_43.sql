@@ -1,0 +1,1 @@
+2SELECT "".J."x".a.D
