@@ -251,7 +251,7 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
         if (!table)
             table = UnnamedTable();
         if (!table)
-            table = AddTable();
+            return AddTable(name, *alias);
         table->SetAlias(*alias);
         if (table->Name().empty())
             table->SetName(name);
@@ -261,7 +261,7 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
     if (!table)
         table = tables.FindByAlias(std::string());
     if (!table)
-        table = AddTable();
+        return AddTable(name, name);
     table->SetName(name);
     return table;
 }
@@ -274,9 +274,10 @@ TVdTableDef* TVdSelectParser::UnnamedTable() const
 }
 
 // A table FROM adds: the unqualified columns of the select list belong to it too.
-TVdTableDef* TVdSelectParser::AddTable()
+TVdTableDef* TVdSelectParser::AddTable(const std::string& name, const std::string& alias)
 {
     TVdTableDef* table = TableDefs().Add();
+    table->NameAdded(name, alias);
     for (const TUnqualified& column : FUnqualified)
         CopyField(*column.Field, column.HasAlias, column.Alias, *table);
     return table;

@@ -194,7 +194,7 @@ private:
     TVdTableDef* UnnamedTable() const;
     static bool NamesColumn(const TVdFunctionDef& node);
     std::string PrintableAlias(const std::string& alias) const;
-    TVdTableDef* AddTable();
+    TVdTableDef* AddTable(const std::string& name, const std::string& alias);
     std::string PeekAliasAfterParams();
     bool ReadJoinCondition(TVdTableDef*& owner, std::string& ownerField, TVdTableDef* joined,
                            std::string& joinedField, std::string& operation);

@@ -119,6 +119,21 @@ void TVdTableDef::SetName(const std::string& name)
     FName = name;
 }
 
+void TVdTableDef::NameAdded(const std::string& name, const std::string& alias)
+{
+    if (!FName.empty() || !FAlias.empty()) {
+        SetAlias(alias);
+        SetName(name);
+        return;
+    }
+    if (TVdTableDefs* tables = Tables()) {
+        tables->TableKeyChanged(*this, true, FAlias, alias);
+        tables->TableKeyChanged(*this, false, FName, name);
+    }
+    FAlias = alias;
+    FName = name;
+}
+
 std::string TVdTableDef::ProcessAlias(const std::string& alias) const
 {
     if (Parser() && Parser()->Scanner().GetProcessAliases())
