@@ -236,8 +236,11 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
         // entry named otherwise (T2 WZB, WZB W: the second is a table of its own).
         if (!table) {
             TVdTableDef* byAlias = tables.FindByAlias(name);
-            if (byAlias && (byAlias->Name().empty() || byAlias->Name() == name))
+            if (byAlias && (byAlias->Name().empty() || byAlias->Name() == name) &&
+                !FFromTables.count(byAlias)) {
                 table = byAlias;
+                FLentTables.emplace(name, table);
+            }
         }
         // A quoted alias ("A1") that a qualifier of the select list named as a name (A1).
         if (!table && alias->size() > 2 && alias->front() == Scanner().GetIdentQuote() &&
@@ -245,7 +248,8 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
             table = tables.FindByAlias(ReadBack(Scanner(), *alias));
         if (!table) {
             TVdTableDef* byName = tables.FindByName(name);
-            if (byName && (byName->Alias().empty() || byName->Alias() == name))
+            if (byName && (byName->Alias().empty() || byName->Alias() == name) &&
+                !FFromTables.count(byName))
                 table = byName;
         }
         if (!table)
@@ -260,6 +264,8 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
     table = tables.FindByAlias(name);
     if (!table)
         table = tables.FindByAlias(std::string());
+    if (!table)
+        table = GiveBackLentTable(name);
     if (!table)
         return AddTable(name, name);
     table->SetName(name);
@@ -280,6 +286,27 @@ TVdTableDef* TVdSelectParser::AddTable(const std::string& name, const std::strin
     table->NameAdded(name, alias);
     for (const TUnqualified& column : FUnqualified)
         CopyField(*column.Field, column.HasAlias, column.Alias, *table);
+    return table;
+}
+
+// SELECT T.A ... FROM T X, T: the qualifier T made a table that T X took by its name, yet
+// it means the entry without alias. Its columns print with the table's alias, but an
+// expression prints T as written, and read back named the other entry: the table goes back
+// to T, and T X becomes a table of its own. Only while the statement has no join: a join
+// names its tables by alias, and those would have to follow.
+TVdTableDef* TVdSelectParser::GiveBackLentTable(const std::string& name)
+{
+    const auto lent = FLentTables.find(name);
+    if (lent == FLentTables.end())
+        return nullptr;
+    TVdTableDef* table = lent->second;
+    FLentTables.erase(lent);
+    if (table->Name() != name || table->Alias() == name || table->TableType() != qttTable ||
+        TableDefs().JoinCount() > 0)
+        return nullptr;
+    const std::string alias = table->Alias();
+    table->SetAlias(name);
+    FFromTables.insert(AddTable(name, alias));
     return table;
 }
 
@@ -340,6 +367,7 @@ void TVdSelectParser::DoParseTableDef()
         Next();
     }
     TVdTableDef* table = ResolveTable(name, hasAlias ? &alias : nullptr);
+    FFromTables.insert(table);
     FLastTableName = table->Name();
     FLastTableAlias = table->Alias();
     if (call) {

@@ -230,6 +230,8 @@ void TVdSelectParser::DoParse()
     FState = ssBegin;
     FNesting = 0;
     FUnqualified.clear();
+    FLentTables.clear();
+    FFromTables.clear();
     try {
         Scanner().SetExpression(std::move(text));
         RaiseIfUnterminated();

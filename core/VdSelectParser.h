@@ -16,6 +16,8 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace vd {
@@ -195,6 +197,7 @@ private:
     static bool NamesColumn(const TVdFunctionDef& node);
     std::string PrintableAlias(const std::string& alias) const;
     TVdTableDef* AddTable(const std::string& name, const std::string& alias);
+    TVdTableDef* GiveBackLentTable(const std::string& name);
     std::string PeekAliasAfterParams();
     bool ReadJoinCondition(TVdTableDef*& owner, std::string& ownerField, TVdTableDef* joined,
                            std::string& joinedField, std::string& operation);
@@ -220,6 +223,11 @@ private:
         std::string Alias;
     };
     std::vector<TUnqualified> FUnqualified;
+    // Tables a qualifier made that an aliased FROM entry took by their name (T.A ... FROM T X),
+    // by that name: a later entry T without alias is what the qualifier meant.
+    std::unordered_map<std::string, TVdTableDef*> FLentTables;
+    // The tables FROM entries have taken so far: a later entry never takes one again.
+    std::unordered_set<const TVdTableDef*> FFromTables;
     void CopyField(const TVdFieldDef& field, bool hasAlias, const std::string& alias,
                    TVdTableDef& target);
 };

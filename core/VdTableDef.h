@@ -112,6 +112,7 @@ public:
                          const std::string& newKey);
     // Joins that came to or left the tables of this collection.
     void JoinsChanged(int delta) { FJoinCount += delta; }
+    int JoinCount() const { return FJoinCount; }
 
     // All fields ordered by their field index (first found wins; gaps stay null).
     std::vector<TVdFieldDef*> FieldsInOrder() const;

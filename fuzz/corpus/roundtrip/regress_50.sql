@@ -1,0 +1,1 @@
+SELECT T2.,B FROM T2 V,T2
