@@ -52,7 +52,11 @@ std::string KeptQuoted(const TVdSQLScanner& scanner, const std::string& plain,
     if (print(raw) == raw)
         return raw;
     const std::string requoted = scanner.QuotedName(plain);
-    return print(requoted) == requoted ? requoted : std::string();
+    if (print(requoted) != requoted)
+        return std::string();
+    // Where the plain text prints in those quotes ('.' gives "."), it is kept plain, as "."
+    // itself reads.
+    return print(plain) == requoted ? plain : requoted;
 }
 
 // A string standing where a name belongs, in a dialect that quotes identifiers otherwise

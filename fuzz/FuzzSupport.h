@@ -1,7 +1,7 @@
 #pragma once
 
-// Shared by the fuzz targets: the parser of each dialect and server setting, set up as vdsql
-// sets it up, and the checks every target applies to what it parsed.
+// Shared by the fuzz targets: the parser of each dialect and server setting (the tests' own,
+// tests/core/ParserSettings.h), and the checks every target applies to what it parsed.
 //
 // A broken check writes what went wrong to stderr and aborts, so libFuzzer keeps the input.
 // An exception the parser does not document escapes uncaught: the abort then shows the stack
@@ -11,6 +11,7 @@
 #include "dialects/VdIBParser.h"
 #include "dialects/VdMyParser.h"
 #include "tests/core/ModelCheck.h"
+#include "tests/core/ParserSettings.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -21,40 +22,10 @@
 
 namespace vdfuzz {
 
-enum class TSetting : std::uint8_t { Generic, InterBase1, InterBase3, Firebird1, Firebird3, MySQL };
-inline constexpr int SettingCount = 6;
-
-inline const char* SettingName(TSetting setting)
-{
-    static const char* const names[] = {"generic",   "interbase1", "interbase3",
-                                        "firebird1", "firebird3",  "mysql"};
-    return names[int(setting)];
-}
-
-inline std::unique_ptr<vd::TVdSelectParser> CreateParser(TSetting setting)
-{
-    const auto ib = [](vd::TVdIBSQLServer server, vd::TVdSQLDialect dialect) {
-        auto parser = std::make_unique<vd::TVdIBSelectParser>();
-        parser->SetSQLServer(server);
-        static_cast<vd::TVdIBScanner&>(parser->Scanner()).SetDialect(dialect);
-        return parser;
-    };
-    switch (setting) {
-    case TSetting::InterBase1:
-        return ib(vd::qssInterBase, vd::qibDialect1);
-    case TSetting::InterBase3:
-        return ib(vd::qssInterBase, vd::qibDialect3);
-    case TSetting::Firebird1:
-        return ib(vd::qssFireBird, vd::qibDialect1);
-    case TSetting::Firebird3:
-        return ib(vd::qssFireBird, vd::qibDialect3);
-    case TSetting::MySQL:
-        return std::make_unique<vd::TVdMySelectParser>();
-    case TSetting::Generic:
-        break;
-    }
-    return std::make_unique<vd::TVdSelectParser>();
-}
+using vdtest::CreateParser;
+using vdtest::SettingCount;
+using vdtest::SettingName;
+using vdtest::TSetting;
 
 // The parsers of a setting, made once for the whole run: building the word lists anew for every
 // input would cost more than the parse. A parse starts from an empty model, so what one input

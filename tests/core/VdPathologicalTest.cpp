@@ -4,11 +4,10 @@
 // overflow the stack or take more than linear time (the sizes are those a slow reader would
 // notice, so a regression shows as a test that runs for minutes).
 #include "core/VdSelectParser.h"
-#include "dialects/VdIBParser.h"
-#include "dialects/VdMyParser.h"
 #include "tests/core/HostileText.h"
 
 #include "tests/core/ParseErrorReport.h"
+#include "tests/core/ParserSettings.h"
 
 #include <gtest/gtest.h>
 
@@ -25,54 +24,18 @@ using namespace vd;
 
 namespace {
 
+using vdtest::CreateParser;
 using vdtest::ParseError;
+using vdtest::SettingName;
 using vdtest::TErrorReport;
+using vdtest::TSetting;
 
 constexpr int Deep = 100000;
 constexpr size_t Megabyte = size_t(1) << 20;
 constexpr int Limit = TVdSelectParser::MaxNesting;
 
-enum class TDialect { Generic, IB1, IB3, FB3, MySQL };
-
-const TDialect AllDialects[] = {TDialect::Generic, TDialect::IB1, TDialect::IB3, TDialect::FB3,
-                                TDialect::MySQL};
-
-const char* DialectName(TDialect dialect)
-{
-    switch (dialect) {
-    case TDialect::Generic:
-        return "generic";
-    case TDialect::IB1:
-        return "InterBase dialect 1";
-    case TDialect::IB3:
-        return "InterBase dialect 3";
-    case TDialect::FB3:
-        return "Firebird dialect 3";
-    case TDialect::MySQL:
-        return "MySQL";
-    }
-    return "?";
-}
-
-std::unique_ptr<TVdSelectParser> MakeParser(TDialect dialect)
-{
-    switch (dialect) {
-    case TDialect::Generic:
-        return std::make_unique<TVdSelectParser>();
-    case TDialect::IB1:
-    case TDialect::IB3:
-    case TDialect::FB3: {
-        auto parser = std::make_unique<TVdIBSelectParser>();
-        parser->SetSQLServer(dialect == TDialect::FB3 ? qssFireBird : qssInterBase);
-        dynamic_cast<TVdIBScanner&>(parser->Scanner())
-            .SetDialect(dialect == TDialect::IB1 ? qibDialect1 : qibDialect3);
-        return parser;
-    }
-    case TDialect::MySQL:
-        return std::make_unique<TVdMySelectParser>();
-    }
-    return nullptr;
-}
+const TSetting AllDialects[] = {TSetting::Generic, TSetting::InterBase1, TSetting::InterBase3,
+                                TSetting::Firebird3, TSetting::MySQL};
 
 using vdtest::Join;
 using vdtest::N;
@@ -111,16 +74,16 @@ std::string Visible(const std::string& s)
            << Visible(expected.substr(from, 80));
 }
 
-std::string Print(TDialect dialect, const std::string& text)
+std::string Print(TSetting dialect, const std::string& text)
 {
-    const auto parser = MakeParser(dialect);
+    const auto parser = CreateParser(dialect);
     parser->SetExpression(text);
     EXPECT_TRUE(parser->IsValid());
     return parser->GetExpression();
 }
 
 // The text parses and prints as expected, and the print reads back to itself.
-::testing::AssertionResult PrintsAndReadsBack(TDialect dialect, const std::string& text,
+::testing::AssertionResult PrintsAndReadsBack(TSetting dialect, const std::string& text,
                                               const std::string& expected)
 {
     std::string printed;
@@ -139,10 +102,10 @@ std::string Print(TDialect dialect, const std::string& text)
     }
 }
 
-::testing::AssertionResult RaisesParserError(TDialect dialect, const std::string& text, int code,
+::testing::AssertionResult RaisesParserError(TSetting dialect, const std::string& text, int code,
                                              const std::string& token, int lineNo, int linePos)
 {
-    const auto parser = MakeParser(dialect);
+    const auto parser = CreateParser(dialect);
     TErrorReport report;
     try {
         report = ParseError(*parser, text);
@@ -168,24 +131,24 @@ std::string Print(TDialect dialect, const std::string& text)
 
 // What each dialect prints for the statement SELECT A FROM T, and for the name A in a
 // condition.
-std::string SelectAFromT(TDialect dialect)
+std::string SelectAFromT(TSetting dialect)
 {
     switch (dialect) {
-    case TDialect::Generic:
+    case TSetting::Generic:
         return "SELECT \r\n  \"T\".\"A\"\r\nFROM\r\n  \"T\"\r\n";
-    case TDialect::MySQL:
+    case TSetting::MySQL:
         return "SELECT \r\n  `T`.`A`\r\nFROM\r\n  `T`\r\n";
     default:
         return "SELECT \r\n  T.A\r\nFROM\r\n  T\r\n";
     }
 }
 
-std::string NameA(TDialect dialect)
+std::string NameA(TSetting dialect)
 {
     switch (dialect) {
-    case TDialect::Generic:
+    case TSetting::Generic:
         return "\"A\"";
-    case TDialect::MySQL:
+    case TSetting::MySQL:
         return "`A`";
     default:
         return "A";
@@ -215,15 +178,15 @@ TEST(Pathological, WhereParenthesesDeeperThanTheLimitAreRefused)
 {
     const std::string text =
         "SELECT A FROM T WHERE " + Repeat("(", Deep) + "A = 1" + Repeat(")", Deep);
-    EXPECT_TRUE(RaisesParserError(TDialect::Generic, text, 1, "(", 1, 23 + Limit));
+    EXPECT_TRUE(RaisesParserError(TSetting::Generic, text, 1, "(", 1, 23 + Limit));
 }
 
 TEST(Pathological, WhereParenthesesAtTheLimitReadBack)
 {
     const std::string text =
         "SELECT A FROM T WHERE " + Repeat("(", Limit) + "A = 1" + Repeat(")", Limit);
-    EXPECT_TRUE(PrintsAndReadsBack(TDialect::Generic, text,
-                                   SelectAFromT(TDialect::Generic) + "WHERE\r\n  " +
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::Generic, text,
+                                   SelectAFromT(TSetting::Generic) + "WHERE\r\n  " +
                                        Repeat("(", Limit) + "\"A\" = 1" + Repeat(")", Limit) +
                                        "\r\n"));
 }
@@ -233,7 +196,7 @@ TEST(Pathological, HavingParenthesesDeeperThanTheLimitAreRefused)
     // SELECT A FROM T GROUP BY A HAVING takes 34 characters.
     const std::string text =
         "SELECT A FROM T GROUP BY A HAVING " + Repeat("(", Deep) + "A = 1" + Repeat(")", Deep);
-    EXPECT_TRUE(RaisesParserError(TDialect::Generic, text, 1, "(", 1, 35 + Limit));
+    EXPECT_TRUE(RaisesParserError(TSetting::Generic, text, 1, "(", 1, 35 + Limit));
 }
 
 // NOT's own parenthesis counts towards the limit like a group's: "NOT (" is 5 characters.
@@ -241,7 +204,7 @@ TEST(Pathological, NotParenthesesDeeperThanTheLimitAreRefused)
 {
     const std::string text =
         "SELECT A FROM T WHERE " + Repeat("NOT (", Deep) + "A = 1" + Repeat(")", Deep);
-    EXPECT_TRUE(RaisesParserError(TDialect::Generic, text, 1, "(", 1, 23 + 5 * Limit + 4));
+    EXPECT_TRUE(RaisesParserError(TSetting::Generic, text, 1, "(", 1, 23 + 5 * Limit + 4));
 }
 
 TEST(Pathological, NotParenthesesAtTheLimitReadBack)
@@ -249,8 +212,8 @@ TEST(Pathological, NotParenthesesAtTheLimitReadBack)
     const std::string text =
         "SELECT A FROM T WHERE " + Repeat("NOT (", Limit) + "A = 1" + Repeat(")", Limit);
     EXPECT_TRUE(
-        PrintsAndReadsBack(TDialect::Generic, text,
-                           SelectAFromT(TDialect::Generic) + "WHERE\r\n  NOT ((\"A\" = 1))\r\n"));
+        PrintsAndReadsBack(TSetting::Generic, text,
+                           SelectAFromT(TSetting::Generic) + "WHERE\r\n  NOT ((\"A\" = 1))\r\n"));
 }
 
 // NOT without parentheses nests nothing: every NOT sets the same filter.
@@ -258,8 +221,8 @@ TEST(Pathological, HundredThousandNotWordsGiveOneFilter)
 {
     const std::string text = "SELECT A FROM T WHERE " + Repeat("NOT ", Deep) + "A = 1";
     EXPECT_TRUE(
-        PrintsAndReadsBack(TDialect::Generic, text,
-                           SelectAFromT(TDialect::Generic) + "WHERE\r\n  NOT ((\"A\" = 1))\r\n"));
+        PrintsAndReadsBack(TSetting::Generic, text,
+                           SelectAFromT(TSetting::Generic) + "WHERE\r\n  NOT ((\"A\" = 1))\r\n"));
 }
 
 // An operand in parentheses is no group: the expression reader stops one ")" early and the
@@ -268,15 +231,15 @@ TEST(Pathological, ParenthesesAroundAnOperandAreRefusedAtTheLastClose)
 {
     const std::string text =
         "SELECT A FROM T WHERE A = " + Repeat("(", Deep) + "1" + Repeat(")", Deep);
-    EXPECT_TRUE(RaisesParserError(TDialect::Generic, text, 1, ")", 1, 26 + 2 * Deep + 1));
+    EXPECT_TRUE(RaisesParserError(TSetting::Generic, text, 1, ")", 1, 26 + 2 * Deep + 1));
 }
 
 // IN keeps its parenthesised list as written, however deep.
 TEST(Pathological, ParenthesesOfAnInListAreKeptAsWritten)
 {
     const std::string list = Repeat("(", Deep) + "1" + Repeat(")", Deep);
-    EXPECT_TRUE(PrintsAndReadsBack(TDialect::Generic, "SELECT A FROM T WHERE A IN " + list,
-                                   SelectAFromT(TDialect::Generic) + "WHERE\r\n  (\"A\" IN " +
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::Generic, "SELECT A FROM T WHERE A IN " + list,
+                                   SelectAFromT(TSetting::Generic) + "WHERE\r\n  (\"A\" IN " +
                                        list + ")\r\n"));
 }
 
@@ -287,14 +250,14 @@ TEST(Pathological, ParenthesesInAFunctionArgumentOfTheSelectList)
 {
     const std::string text =
         "SELECT COUNT(" + Repeat("(", Deep) + "A" + Repeat(")", Deep) + ") FROM T";
-    EXPECT_TRUE(RaisesParserError(TDialect::Generic, text, 1, ")", 1, 13 + 2 * Deep + 2));
+    EXPECT_TRUE(RaisesParserError(TSetting::Generic, text, 1, ")", 1, 13 + 2 * Deep + 2));
 }
 
 TEST(Pathological, ParenthesesInAFunctionArgumentOfACondition)
 {
     const std::string text =
         "SELECT A FROM T WHERE A = COUNT(" + Repeat("(", Deep) + "1" + Repeat(")", Deep) + ")";
-    EXPECT_TRUE(RaisesParserError(TDialect::Generic, text, 1, ")", 1, 32 + 2 * Deep + 2));
+    EXPECT_TRUE(RaisesParserError(TSetting::Generic, text, 1, ")", 1, 32 + 2 * Deep + 2));
 }
 
 // The "(" of the 257th call is refused; "COUNT(" is 6 characters.
@@ -302,28 +265,28 @@ TEST(Pathological, NestedCallsOfTheSelectListDeeperThanTheLimitAreRefused)
 {
     const std::string text =
         "SELECT " + Repeat("COUNT(", Deep) + "A" + Repeat(")", Deep) + " FROM T";
-    EXPECT_TRUE(RaisesParserError(TDialect::Generic, text, 1, "(", 1, 8 + 6 * Limit + 5));
+    EXPECT_TRUE(RaisesParserError(TSetting::Generic, text, 1, "(", 1, 8 + 6 * Limit + 5));
 }
 
 TEST(Pathological, NestedCallsOfAConditionDeeperThanTheLimitAreRefused)
 {
     const std::string text =
         "SELECT A FROM T WHERE " + Repeat("COUNT(", Deep) + "A" + Repeat(")", Deep) + " = 1";
-    EXPECT_TRUE(RaisesParserError(TDialect::Generic, text, 1, "(", 1, 23 + 6 * Limit + 5));
+    EXPECT_TRUE(RaisesParserError(TSetting::Generic, text, 1, "(", 1, 23 + 6 * Limit + 5));
 }
 
 TEST(Pathological, NestedCallsOfAProcedureArgumentDeeperThanTheLimitAreRefused)
 {
     const std::string text =
         "SELECT A FROM P(" + Repeat("COUNT(", Deep) + "A" + Repeat(")", Deep) + ")";
-    EXPECT_TRUE(RaisesParserError(TDialect::Generic, text, 1, "(", 1, 17 + 6 * Limit + 5));
+    EXPECT_TRUE(RaisesParserError(TSetting::Generic, text, 1, "(", 1, 17 + 6 * Limit + 5));
 }
 
 TEST(Pathological, NestedCallsAtTheLimitReadBack)
 {
     const std::string calls = Repeat("COUNT(", Limit);
     const std::string closes = Repeat(")", Limit);
-    EXPECT_TRUE(PrintsAndReadsBack(TDialect::Generic, "SELECT " + calls + "A" + closes + " FROM T",
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::Generic, "SELECT " + calls + "A" + closes + " FROM T",
                                    "SELECT \r\n  " + calls + "\"T\".\"A\"" + closes +
                                        " AS FIELD_1\r\nFROM\r\n  \"T\"\r\n"));
 }
@@ -335,12 +298,12 @@ TEST(Pathological, CallsAtTheLimitInsideGroupsAtTheLimitReadBack)
     const std::string inner = Repeat("COUNT(", Limit) + "A" + Repeat(")", Limit) + " = 1";
     const std::string text =
         "SELECT A FROM T WHERE " + Repeat("(", Limit) + inner + Repeat(")", Limit);
-    EXPECT_TRUE(PrintsAndReadsBack(TDialect::Generic, text,
-                                   SelectAFromT(TDialect::Generic) + "WHERE\r\n  " +
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::Generic, text,
+                                   SelectAFromT(TSetting::Generic) + "WHERE\r\n  " +
                                        Repeat("(", Limit) + Repeat("COUNT(", Limit) + "\"A\"" +
                                        Repeat(")", Limit) + " = 1" + Repeat(")", Limit) + "\r\n"));
 
-    auto parser = MakeParser(TDialect::Generic);
+    auto parser = CreateParser(TSetting::Generic);
     parser->SetExpression(text);
     TVdWhereItems copy;
     copy.Assign(parser->WhereItems());
@@ -366,7 +329,7 @@ TEST(Pathological, ParenthesesInAnExpressionColumnAreKeptAsWritten)
 {
     const std::string expression = "A + " + Repeat("(", Deep) + "A" + Repeat(")", Deep);
     EXPECT_TRUE(
-        PrintsAndReadsBack(TDialect::Generic, "SELECT " + expression + " FROM T",
+        PrintsAndReadsBack(TSetting::Generic, "SELECT " + expression + " FROM T",
                            "SELECT \r\n  " + expression + " AS FIELD_1\r\nFROM\r\n  \"T\"\r\n"));
 }
 
@@ -378,7 +341,7 @@ TEST(Pathological, TenMegabyteStatementWith20000Columns)
     auto name = [&](int i) { return "C" + N(i) + "_" + padding; };
     const std::string text = "SELECT " + Join(20000, ", ", name) + " FROM T";
     ASSERT_GT(text.size(), 10 * Megabyte);
-    EXPECT_TRUE(PrintsAndReadsBack(TDialect::Generic, text,
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::Generic, text,
                                    "SELECT \r\n  " + Join(20000, ",\r\n  ", [&](int i) {
                                        return "\"T\".\"" + name(i) + "\"";
                                    }) + "\r\nFROM\r\n  \"T\"\r\n"));
@@ -391,8 +354,8 @@ TEST(Pathological, TenMegabyteStatementWith20000Columns)
 TEST(Pathological, OneMegabyteStringLiteral)
 {
     const std::string body(Megabyte, 'x');
-    for (TDialect dialect : AllDialects) {
-        SCOPED_TRACE(DialectName(dialect));
+    for (TSetting dialect : AllDialects) {
+        SCOPED_TRACE(SettingName(dialect));
         EXPECT_TRUE(PrintsAndReadsBack(dialect, "SELECT A FROM T WHERE A = '" + body + "'",
                                        SelectAFromT(dialect) + "WHERE\r\n  (" + NameA(dialect) +
                                            " = '" + body + "')\r\n"));
@@ -402,8 +365,8 @@ TEST(Pathological, OneMegabyteStringLiteral)
 TEST(Pathological, OneMegabyteStringOfDoubledQuotes)
 {
     const std::string body = Repeat("x''", Megabyte / 3);
-    for (TDialect dialect : AllDialects) {
-        SCOPED_TRACE(DialectName(dialect));
+    for (TSetting dialect : AllDialects) {
+        SCOPED_TRACE(SettingName(dialect));
         EXPECT_TRUE(PrintsAndReadsBack(dialect, "SELECT A FROM T WHERE A = '" + body + "'",
                                        SelectAFromT(dialect) + "WHERE\r\n  (" + NameA(dialect) +
                                            " = '" + body + "')\r\n"));
@@ -415,8 +378,8 @@ TEST(Pathological, OneMegabyteStringOfDoubledQuotes)
 TEST(Pathological, OneMegabyteDoubleQuotedString)
 {
     const std::string body(Megabyte, 'x');
-    for (TDialect dialect : {TDialect::IB1, TDialect::MySQL}) {
-        SCOPED_TRACE(DialectName(dialect));
+    for (TSetting dialect : {TSetting::InterBase1, TSetting::MySQL}) {
+        SCOPED_TRACE(SettingName(dialect));
         EXPECT_TRUE(PrintsAndReadsBack(dialect, "SELECT A FROM T WHERE A = \"" + body + "\"",
                                        SelectAFromT(dialect) + "WHERE\r\n  (" + NameA(dialect) +
                                            " = '" + body + "')\r\n"));
@@ -426,8 +389,8 @@ TEST(Pathological, OneMegabyteDoubleQuotedString)
 TEST(Pathological, OneMegabyteMySQLStringOfEscapedQuotes)
 {
     const std::string body = Repeat("\\'", Megabyte / 2);
-    EXPECT_TRUE(PrintsAndReadsBack(TDialect::MySQL, "SELECT A FROM T WHERE A = '" + body + "'",
-                                   SelectAFromT(TDialect::MySQL) + "WHERE\r\n  (`A` = '" + body +
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::MySQL, "SELECT A FROM T WHERE A = '" + body + "'",
+                                   SelectAFromT(TSetting::MySQL) + "WHERE\r\n  (`A` = '" + body +
                                        "')\r\n"));
 }
 
@@ -435,8 +398,8 @@ TEST(Pathological, OneMegabyteMySQLStringOfEscapedQuotes)
 TEST(Pathological, UnterminatedOneMegabyteString)
 {
     const std::string body(Megabyte, 'x');
-    for (TDialect dialect : AllDialects) {
-        SCOPED_TRACE(DialectName(dialect));
+    for (TSetting dialect : AllDialects) {
+        SCOPED_TRACE(SettingName(dialect));
         EXPECT_TRUE(
             RaisesParserError(dialect, "SELECT A FROM T WHERE A = '" + body, 3, body, 1, 28));
     }
@@ -448,14 +411,14 @@ TEST(Pathological, OneMegabyteIdentifiers)
 {
     const std::string column(Megabyte, 'N');
     const std::string table(Megabyte, 'M');
-    EXPECT_TRUE(PrintsAndReadsBack(TDialect::Generic, "SELECT " + column + " FROM " + table,
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::Generic, "SELECT " + column + " FROM " + table,
                                    "SELECT \r\n  \"" + table + "\".\"" + column +
                                        "\"\r\nFROM\r\n  \"" + table + "\"\r\n"));
     // Unquoted names are read in upper case where the dialect folds them.
     const std::string lower(Megabyte, 'n');
-    EXPECT_TRUE(PrintsAndReadsBack(TDialect::IB3, "SELECT " + lower + " FROM T",
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::InterBase3, "SELECT " + lower + " FROM T",
                                    "SELECT \r\n  T." + column + "\r\nFROM\r\n  T\r\n"));
-    EXPECT_TRUE(PrintsAndReadsBack(TDialect::MySQL, "SELECT " + lower + " FROM T",
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::MySQL, "SELECT " + lower + " FROM T",
                                    "SELECT \r\n  `T`.`" + lower + "`\r\nFROM\r\n  `T`\r\n"));
 }
 
@@ -463,15 +426,15 @@ TEST(Pathological, OneMegabyteIdentifiers)
 TEST(Pathological, OneMegabyteQuotedIdentifier)
 {
     const std::string quoted = "\"" + Repeat("a \"\"b", Megabyte / 6) + "\"";
-    for (TDialect dialect : {TDialect::Generic, TDialect::IB3, TDialect::FB3}) {
-        SCOPED_TRACE(DialectName(dialect));
-        const std::string table = dialect == TDialect::Generic ? "\"T\"" : "T";
+    for (TSetting dialect : {TSetting::Generic, TSetting::InterBase3, TSetting::Firebird3}) {
+        SCOPED_TRACE(SettingName(dialect));
+        const std::string table = dialect == TSetting::Generic ? "\"T\"" : "T";
         EXPECT_TRUE(PrintsAndReadsBack(dialect, "SELECT " + quoted + " FROM T",
                                        "SELECT \r\n  " + table + "." + quoted + "\r\nFROM\r\n  " +
                                            table + "\r\n"));
     }
     const std::string backQuoted = "`" + Repeat("a ``b", Megabyte / 6) + "`";
-    EXPECT_TRUE(PrintsAndReadsBack(TDialect::MySQL, "SELECT " + backQuoted + " FROM T",
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::MySQL, "SELECT " + backQuoted + " FROM T",
                                    "SELECT \r\n  `T`." + backQuoted + "\r\nFROM\r\n  `T`\r\n"));
 }
 
@@ -485,7 +448,7 @@ TEST(Pathological, QualifierOfHundredThousandParts)
     const std::string printed = "\"" + Join(parts - 1, ".", [](int i) { return "P" + N(i); }) +
                                 "\".\"P" + N(parts - 1) + "\"";
     EXPECT_TRUE(
-        PrintsAndReadsBack(TDialect::Generic, "SELECT " + qualifier + ".F FROM " + qualifier,
+        PrintsAndReadsBack(TSetting::Generic, "SELECT " + qualifier + ".F FROM " + qualifier,
                            "SELECT \r\n  " + printed + ".\"F\"\r\nFROM\r\n  " + printed + "\r\n"));
 }
 
@@ -501,7 +464,7 @@ TEST(Pathological, JoinChainOf5000Tables)
         expected += " \r\n  INNER JOIN \"T" + N(i) + "\" ON (\"T" + N(i - 1) + "\".\"A\" = \"T" +
                     N(i) + "\".\"B\")";
     }
-    EXPECT_TRUE(PrintsAndReadsBack(TDialect::Generic, text, expected + "\r\n"));
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::Generic, text, expected + "\r\n"));
 }
 
 TEST(Pathological, CommaListOf5000Tables)
@@ -509,7 +472,7 @@ TEST(Pathological, CommaListOf5000Tables)
     const int tables = 5000;
     auto name = [](int i) { return "T" + N(i); };
     EXPECT_TRUE(PrintsAndReadsBack(
-        TDialect::Generic, "SELECT T0.A FROM " + Join(tables, ", ", name),
+        TSetting::Generic, "SELECT T0.A FROM " + Join(tables, ", ", name),
         "SELECT \r\n  \"T0\".\"A\"\r\nFROM\r\n  " +
             Join(tables, ",\r\n  ", [&](int i) { return "\"" + name(i) + "\""; }) + "\r\n"));
 }
@@ -520,7 +483,7 @@ TEST(Pathological, CommaListOf5000TablesGivesEachTheUnqualifiedColumn)
     const int tables = 5000;
     auto name = [](int i) { return "T" + N(i); };
     EXPECT_TRUE(PrintsAndReadsBack(
-        TDialect::Generic, "SELECT A FROM " + Join(tables, ", ", name),
+        TSetting::Generic, "SELECT A FROM " + Join(tables, ", ", name),
         "SELECT \r\n  " +
             Join(tables, ",\r\n  ",
                  [&](int i) {
@@ -537,7 +500,7 @@ TEST(Pathological, QualifiedColumnsOf5000Tables)
     const int tables = 5000;
     auto name = [](int i) { return "T" + N(i); };
     EXPECT_TRUE(PrintsAndReadsBack(
-        TDialect::Generic,
+        TSetting::Generic,
         "SELECT " + Join(tables, ", ", [&](int i) { return name(i) + ".A"; }) + " FROM " +
             Join(tables, ", ", name),
         "SELECT \r\n  " +
@@ -561,7 +524,7 @@ TEST(Pathological, JoinOnAQualifierOfHundredThousandParts)
     const std::string text = "SELECT T2.A FROM " + Join(30, ", ", table) + ", " + dotted +
                              " INNER JOIN T1 ON (" + dotted + ".X = T1.B)";
     EXPECT_TRUE(PrintsAndReadsBack(
-        TDialect::Generic, text,
+        TSetting::Generic, text,
         "SELECT \r\n  \"T2\".\"A\"\r\nFROM\r\n  " +
             Join(30, ",\r\n  ", [&](int i) { return "\"" + table(i) + "\""; }) + ",\r\n  " +
             printed + " \r\n  INNER JOIN \"T1\" ON (" + printed + ".\"X\" = \"T1\".\"B\")\r\n"));
@@ -573,15 +536,15 @@ TEST(Pathological, AndChainOf50000Conditions)
 {
     const int n = 50000;
     const std::string expected =
-        SelectAFromT(TDialect::Generic) + "WHERE\r\n  " +
+        SelectAFromT(TSetting::Generic) + "WHERE\r\n  " +
         Join(n, " AND \r\n  ", [](int i) { return "(\"A" + N(i) + "\" = " + N(i) + ")"; }) + "\r\n";
     EXPECT_TRUE(
-        PrintsAndReadsBack(TDialect::Generic,
+        PrintsAndReadsBack(TSetting::Generic,
                            "SELECT A FROM T WHERE " +
                                Join(n, " AND ", [](int i) { return "A" + N(i) + " = " + N(i); }),
                            expected));
     EXPECT_TRUE(PrintsAndReadsBack(
-        TDialect::Generic,
+        TSetting::Generic,
         "SELECT A FROM T WHERE " +
             Join(n, " AND ", [](int i) { return "(A" + N(i) + " = " + N(i) + ")"; }),
         expected));
@@ -595,8 +558,8 @@ TEST(Pathological, MixedAndOrChainOf50000ConditionsTakesTheLastConnector)
     for (int i = 1; i < n; ++i)
         text += std::string(i % 2 ? " OR " : " AND ") + "A" + N(i) + " = " + N(i);
     EXPECT_TRUE(PrintsAndReadsBack(
-        TDialect::Generic, text,
-        SelectAFromT(TDialect::Generic) + "WHERE\r\n  " + Join(n, " OR \r\n  ", [](int i) {
+        TSetting::Generic, text,
+        SelectAFromT(TSetting::Generic) + "WHERE\r\n  " + Join(n, " OR \r\n  ", [](int i) {
             return "(\"A" + N(i) + "\" = " + N(i) + ")";
         }) + "\r\n"));
 }
@@ -610,8 +573,8 @@ TEST(Pathological, MixedAndOrGroupOf50000Conditions)
         text += std::string(i % 2 ? " OR " : " AND ") + "(A" + N(i) + " = " + N(i) + ")";
     text += ")";
     EXPECT_TRUE(PrintsAndReadsBack(
-        TDialect::Generic, text,
-        SelectAFromT(TDialect::Generic) + "WHERE\r\n  (" + Join(n, " OR \r\n  ", [](int i) {
+        TSetting::Generic, text,
+        SelectAFromT(TSetting::Generic) + "WHERE\r\n  (" + Join(n, " OR \r\n  ", [](int i) {
             return "(\"A" + N(i) + "\" = " + N(i) + ")";
         }) + ")\r\n"));
 }
@@ -718,8 +681,8 @@ TEST(Pathological, RegroupingFollowsTheWalkForEveryListLength)
 
 TEST(Pathological, NulAloneIsAnInvalidToken)
 {
-    for (TDialect dialect : AllDialects) {
-        SCOPED_TRACE(DialectName(dialect));
+    for (TSetting dialect : AllDialects) {
+        SCOPED_TRACE(SettingName(dialect));
         EXPECT_TRUE(
             RaisesParserError(dialect, std::string(1, '\0'), 1, std::string(1, '\0'), 1, 1));
     }
@@ -729,8 +692,8 @@ TEST(Pathological, NulAloneIsAnInvalidToken)
 TEST(Pathological, NulInsideAWordMakesItAnInvalidToken)
 {
     using namespace std::string_literals;
-    for (TDialect dialect : AllDialects) {
-        SCOPED_TRACE(DialectName(dialect));
+    for (TSetting dialect : AllDialects) {
+        SCOPED_TRACE(SettingName(dialect));
         EXPECT_TRUE(RaisesParserError(dialect, "SELECT A\0 FROM T"s, 1, "A\0"s, 1, 8));
         EXPECT_TRUE(RaisesParserError(dialect, "SELECT A FROM T\0"s, 1, "T\0"s, 1, 15));
     }
@@ -740,35 +703,35 @@ TEST(Pathological, NulInsideAWordMakesItAnInvalidToken)
 TEST(Pathological, NulWordAfterTheFirstSelectItemIsKeptAsWritten)
 {
     using namespace std::string_literals;
-    EXPECT_TRUE(PrintsAndReadsBack(TDialect::Generic, "SELECT A, B\0 FROM T"s,
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::Generic, "SELECT A, B\0 FROM T"s,
                                    "SELECT \r\n  \"T\".\"A\",\r\n  B\0\r\nFROM\r\n  \"T\"\r\n"s));
-    EXPECT_TRUE(PrintsAndReadsBack(TDialect::IB3, "SELECT A, B\0 FROM T"s,
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::InterBase3, "SELECT A, B\0 FROM T"s,
                                    "SELECT \r\n  T.A,\r\n  B\0\r\nFROM\r\n  T\r\n"s));
-    EXPECT_TRUE(PrintsAndReadsBack(TDialect::MySQL, "SELECT A, B\0 FROM T"s,
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::MySQL, "SELECT A, B\0 FROM T"s,
                                    "SELECT \r\n  `T`.`A`,\r\n  B\0\r\nFROM\r\n  `T`\r\n"s));
 }
 
 TEST(Pathological, NulInsideStringsAndQuotedNames)
 {
     using namespace std::string_literals;
-    for (TDialect dialect : AllDialects) {
-        SCOPED_TRACE(DialectName(dialect));
+    for (TSetting dialect : AllDialects) {
+        SCOPED_TRACE(SettingName(dialect));
         EXPECT_TRUE(PrintsAndReadsBack(dialect, "SELECT A FROM T WHERE A = 'a\0b'"s,
                                        SelectAFromT(dialect) + "WHERE\r\n  (" + NameA(dialect) +
                                            " = 'a\0b')\r\n"s));
     }
-    EXPECT_TRUE(PrintsAndReadsBack(TDialect::Generic, "SELECT \"a\0b\" FROM T"s,
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::Generic, "SELECT \"a\0b\" FROM T"s,
                                    "SELECT \r\n  \"T\".\"a\0b\"\r\nFROM\r\n  \"T\"\r\n"s));
-    EXPECT_TRUE(PrintsAndReadsBack(TDialect::IB3, "SELECT \"a\0b\" FROM T"s,
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::InterBase3, "SELECT \"a\0b\" FROM T"s,
                                    "SELECT \r\n  T.\"a\0b\"\r\nFROM\r\n  T\r\n"s));
-    EXPECT_TRUE(PrintsAndReadsBack(TDialect::FB3, "SELECT \"a\0b\" FROM T"s,
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::Firebird3, "SELECT \"a\0b\" FROM T"s,
                                    "SELECT \r\n  T.\"a\0b\"\r\nFROM\r\n  T\r\n"s));
     // Double quotes make a string in dialect 1 and MySQL: a column of its own kind.
-    EXPECT_TRUE(PrintsAndReadsBack(TDialect::IB1, "SELECT \"a\0b\" FROM T"s,
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::InterBase1, "SELECT \"a\0b\" FROM T"s,
                                    "SELECT \r\n  'a\0b' AS FIELD_1\r\nFROM\r\n  T\r\n"s));
-    EXPECT_TRUE(PrintsAndReadsBack(TDialect::MySQL, "SELECT \"a\0b\" FROM T"s,
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::MySQL, "SELECT \"a\0b\" FROM T"s,
                                    "SELECT \r\n  'a\0b' AS `FIELD_1`\r\nFROM\r\n  `T`\r\n"s));
-    EXPECT_TRUE(PrintsAndReadsBack(TDialect::MySQL, "SELECT `a\0b` FROM T"s,
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::MySQL, "SELECT `a\0b` FROM T"s,
                                    "SELECT \r\n  `T`.`a\0b`\r\nFROM\r\n  `T`\r\n"s));
 }
 
@@ -781,9 +744,9 @@ TEST(Pathological, OneMegabyteOfRandomBytesStopsAtItsFirstToken)
     const std::string text = RandomBytes(1, Megabyte);
     ASSERT_EQ(text[0], '%');
     const std::string stops = std::string(".,/\\;:(){}[]*+-<=>!\r \t\"'");
-    for (TDialect dialect : AllDialects) {
-        SCOPED_TRACE(DialectName(dialect));
-        const std::string ends = stops + (dialect == TDialect::MySQL ? "`" : "");
+    for (TSetting dialect : AllDialects) {
+        SCOPED_TRACE(SettingName(dialect));
+        const std::string ends = stops + (dialect == TSetting::MySQL ? "`" : "");
         const std::string token = text.substr(0, text.find_first_of(ends));
         ASSERT_LT(token.size(), 20u);
         EXPECT_TRUE(RaisesParserError(dialect, text, 1, token, 1, 1));
@@ -796,8 +759,8 @@ TEST(Pathological, OneMegabyteOfHighBitBytesIsOneInvalidToken)
     std::string text = RandomBytes(2, Megabyte);
     for (char& c : text)
         c = char(static_cast<unsigned char>(c) | 0x80);
-    for (TDialect dialect : AllDialects) {
-        SCOPED_TRACE(DialectName(dialect));
+    for (TSetting dialect : AllDialects) {
+        SCOPED_TRACE(SettingName(dialect));
         EXPECT_TRUE(RaisesParserError(dialect, text, 1, text, 1, 1));
     }
 }
@@ -809,18 +772,18 @@ TEST(Pathological, OneMegabyteOfHighBitBytesIsOneInvalidToken)
 TEST(Pathological, OneMegabyteOfRandomBytesInAString)
 {
     const std::string bytes = RandomBytes(3, Megabyte);
-    for (TDialect dialect : AllDialects) {
-        SCOPED_TRACE(DialectName(dialect));
+    for (TSetting dialect : AllDialects) {
+        SCOPED_TRACE(SettingName(dialect));
         std::string plain = "x";
         for (char c : bytes)
-            if (c != '\\' || dialect != TDialect::MySQL)
+            if (c != '\\' || dialect != TSetting::MySQL)
                 plain += c;
         plain += "x";
         std::string body;
         for (char c : plain)
             body += c == '\'' ? std::string("''") : std::string(1, c);
         std::string printed = "'" + body + "'";
-        if (dialect == TDialect::Generic) {
+        if (dialect == TSetting::Generic) {
             std::string lower = plain;
             for (char& c : lower)
                 c = char(std::tolower(static_cast<unsigned char>(c)));
@@ -843,9 +806,9 @@ TEST(Pathological, OneMegabyteOfRandomBytesInAString)
 TEST(Pathological, ScannerWalksOneMegabyteOfRandomBytes)
 {
     const std::string text = RandomBytes(4, Megabyte);
-    for (TDialect dialect : AllDialects) {
-        SCOPED_TRACE(DialectName(dialect));
-        const auto parser = MakeParser(dialect);
+    for (TSetting dialect : AllDialects) {
+        SCOPED_TRACE(SettingName(dialect));
+        const auto parser = CreateParser(dialect);
         TVdSQLScanner& scanner = parser->Scanner();
         int tokens = 0;
         int lastStart = 0;
@@ -875,8 +838,8 @@ TEST(Pathological, ScannerWalksOneMegabyteOfRandomBytes)
 // Outside quotes a byte above 0x7F is no letter: "\xC3(" gives the token "\xC3".
 TEST(Pathological, InvalidUtf8OutsideQuotesIsAnInvalidToken)
 {
-    for (TDialect dialect : AllDialects) {
-        SCOPED_TRACE(DialectName(dialect));
+    for (TSetting dialect : AllDialects) {
+        SCOPED_TRACE(SettingName(dialect));
         EXPECT_TRUE(RaisesParserError(dialect, "SELECT \xC3\x28 FROM T", 1, "\xC3", 1, 8));
         EXPECT_TRUE(RaisesParserError(dialect, "SELECT A FROM \xFF\xFE", 1, "\xFF\xFE", 1, 15));
     }
@@ -888,17 +851,17 @@ TEST(Pathological, InvalidUtf8InsideQuotesIsKeptByteForByte)
 {
     const std::string bad = "\xC3\x28\xFF\xFE\xC0\x80\x80\xED\xA0\x80\xF8\x88\x80\x80\x80";
     const std::string text = "SELECT A FROM T WHERE A = '" + bad + "'";
-    for (TDialect dialect : AllDialects) {
-        SCOPED_TRACE(DialectName(dialect));
+    for (TSetting dialect : AllDialects) {
+        SCOPED_TRACE(SettingName(dialect));
         EXPECT_TRUE(PrintsAndReadsBack(dialect, text,
                                        SelectAFromT(dialect) + "WHERE\r\n  (" + NameA(dialect) +
                                            " = '" + bad + "')\r\n"));
     }
-    EXPECT_TRUE(PrintsAndReadsBack(TDialect::Generic, "SELECT \"" + bad + "\" FROM T",
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::Generic, "SELECT \"" + bad + "\" FROM T",
                                    "SELECT \r\n  \"T\".\"" + bad + "\"\r\nFROM\r\n  \"T\"\r\n"));
-    EXPECT_TRUE(PrintsAndReadsBack(TDialect::IB3, "SELECT \"" + bad + "\" FROM T",
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::InterBase3, "SELECT \"" + bad + "\" FROM T",
                                    "SELECT \r\n  T.\"" + bad + "\"\r\nFROM\r\n  T\r\n"));
-    EXPECT_TRUE(PrintsAndReadsBack(TDialect::MySQL, "SELECT `" + bad + "` FROM T",
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::MySQL, "SELECT `" + bad + "` FROM T",
                                    "SELECT \r\n  `T`.`" + bad + "`\r\nFROM\r\n  `T`\r\n"));
 }
 
@@ -906,10 +869,10 @@ TEST(Pathological, InvalidUtf8InsideQuotesIsKeptByteForByte)
 
 TEST(Pathological, BlanksTabsAndLineBreaksAloneGiveAnEmptyStatement)
 {
-    for (TDialect dialect : AllDialects) {
+    for (TSetting dialect : AllDialects) {
         for (const std::string text : {" ", "   ", "\t\t", "\r\n", "\r\n\r\n", " \t\r\n\t \r\n "}) {
-            SCOPED_TRACE(std::string(DialectName(dialect)) + ": " + Visible(text));
-            const auto parser = MakeParser(dialect);
+            SCOPED_TRACE(std::string(SettingName(dialect)) + ": " + Visible(text));
+            const auto parser = CreateParser(dialect);
             parser->SetExpression("SELECT A FROM T");
             ASSERT_EQ(parser->TableDefs().Count(), 1);
             EXPECT_NO_THROW(parser->SetExpression(text));
@@ -923,8 +886,8 @@ TEST(Pathological, BlanksTabsAndLineBreaksAloneGiveAnEmptyStatement)
 // Lines break at CR LF only: a lone LF is a character of a word, a lone CR a delimiter.
 TEST(Pathological, LoneLineFeedIsPartOfAWord)
 {
-    for (TDialect dialect : AllDialects) {
-        SCOPED_TRACE(DialectName(dialect));
+    for (TSetting dialect : AllDialects) {
+        SCOPED_TRACE(SettingName(dialect));
         EXPECT_TRUE(RaisesParserError(dialect, "\n", 1, "\n", 1, 1));
         EXPECT_TRUE(RaisesParserError(dialect, " \n\n", 1, "\n\n", 1, 2));
         EXPECT_TRUE(RaisesParserError(dialect, "SELECT\nA FROM T", 1, "SELECT\nA", 1, 1));
@@ -933,8 +896,8 @@ TEST(Pathological, LoneLineFeedIsPartOfAWord)
 
 TEST(Pathological, LoneCarriageReturnIsAnInvalidToken)
 {
-    for (TDialect dialect : AllDialects) {
-        SCOPED_TRACE(DialectName(dialect));
+    for (TSetting dialect : AllDialects) {
+        SCOPED_TRACE(SettingName(dialect));
         EXPECT_TRUE(RaisesParserError(dialect, "\r", 1, "\r", 1, 1));
         EXPECT_TRUE(RaisesParserError(dialect, " \r\n\r", 1, "\r", 2, 1));
         EXPECT_TRUE(RaisesParserError(dialect, "\t\r \r\n", 1, "\r", 1, 2));

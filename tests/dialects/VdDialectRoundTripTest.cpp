@@ -1,6 +1,7 @@
 // Round trip in every dialect: a parsed statement prints a text that the same dialect parses
 // back to the same model, dialect options included, and prints the same text again.
 #include "tests/core/ModelCompare.h"
+#include "tests/core/ParserSettings.h"
 #include "tests/core/StatementGenerator.h"
 
 #include "dialects/VdIBParser.h"
@@ -15,44 +16,26 @@
 #include <string>
 
 using namespace vd;
+using vdtest::CreateParser;
 using vdtest::TGeneratorDialect;
+using vdtest::TSetting;
 
 namespace {
 
 struct TDialect {
     const char* Name;
+    TSetting Setting; // the parser, set up as the command-line tool sets it up
     TGeneratorDialect Generator;
     int SqlDialect; // InterBase and Firebird only
 };
 
 void PrintTo(const TDialect& dialect, std::ostream* os) { *os << dialect.Name; }
 
-const TDialect InterBase3{"InterBase3", TGeneratorDialect::InterBase, 3};
-const TDialect InterBase1{"InterBase1", TGeneratorDialect::InterBase, 1};
-const TDialect Firebird3{"Firebird3", TGeneratorDialect::Firebird, 3};
-const TDialect Firebird1{"Firebird1", TGeneratorDialect::Firebird, 1};
-const TDialect MySQL{"MySQL", TGeneratorDialect::MySQL, 3};
-
-// The parser of a dialect, set up as the command-line tool sets it up.
-std::unique_ptr<TVdSelectParser> CreateParser(const TDialect& dialect)
-{
-    switch (dialect.Generator) {
-    case TGeneratorDialect::InterBase:
-    case TGeneratorDialect::Firebird: {
-        auto parser = std::make_unique<TVdIBSelectParser>();
-        parser->SetSQLServer(dialect.Generator == TGeneratorDialect::Firebird ? qssFireBird
-                                                                              : qssInterBase);
-        static_cast<TVdIBScanner&>(parser->Scanner())
-            .SetDialect(dialect.SqlDialect == 1 ? qibDialect1 : qibDialect3);
-        return parser;
-    }
-    case TGeneratorDialect::MySQL:
-        return std::make_unique<TVdMySelectParser>();
-    case TGeneratorDialect::Generic:
-        break;
-    }
-    return std::make_unique<TVdSelectParser>();
-}
+const TDialect InterBase3{"InterBase3", TSetting::InterBase3, TGeneratorDialect::InterBase, 3};
+const TDialect InterBase1{"InterBase1", TSetting::InterBase1, TGeneratorDialect::InterBase, 1};
+const TDialect Firebird3{"Firebird3", TSetting::Firebird3, TGeneratorDialect::Firebird, 3};
+const TDialect Firebird1{"Firebird1", TSetting::Firebird1, TGeneratorDialect::Firebird, 1};
+const TDialect MySQL{"MySQL", TSetting::MySQL, TGeneratorDialect::MySQL, 3};
 
 // The dialect's own part of the model.
 std::string DescribeDialectOptions(const TVdSelectParser& parser)
@@ -144,7 +127,7 @@ struct TFormat {
 
 TRound ParseAndPrint(const TDialect& dialect, const TFormat& format, const std::string& text)
 {
-    const std::unique_ptr<TVdSelectParser> parser = CreateParser(dialect);
+    const std::unique_ptr<TVdSelectParser> parser = CreateParser(dialect.Setting);
     parser->ScriptFormat().KeywordsFormat = format.Keywords;
     parser->ScriptFormat().FunctionsFormat = format.Functions;
     parser->SetExpression(text);

@@ -1,8 +1,7 @@
 #include "tests/engines/Engine.h"
 
 #include "core/VdSelectParser.h"
-#include "dialects/VdIBParser.h"
-#include "dialects/VdMyParser.h"
+#include "tests/core/ParserSettings.h"
 
 namespace vdengine {
 
@@ -23,22 +22,19 @@ const char* EngineName(TEngine engine)
 
 std::unique_ptr<vd::TVdSelectParser> CreateParser(TEngine engine)
 {
+    using vdtest::TSetting;
     switch (engine) {
     case TEngine::SQLite:
-        return std::make_unique<vd::TVdSelectParser>();
+        return vdtest::CreateParser(TSetting::Generic);
     case TEngine::PostgreSQL: {
-        auto parser = std::make_unique<vd::TVdSelectParser>();
+        auto parser = vdtest::CreateParser(TSetting::Generic);
         parser->Scanner().SetQuoteIdentifiers(false);
         return parser;
     }
     case TEngine::MariaDB:
-        return std::make_unique<vd::TVdMySelectParser>();
-    case TEngine::Firebird: {
-        auto parser = std::make_unique<vd::TVdIBSelectParser>();
-        parser->SetSQLServer(vd::qssFireBird);
-        static_cast<vd::TVdIBScanner&>(parser->Scanner()).SetDialect(vd::qibDialect3);
-        return parser;
-    }
+        return vdtest::CreateParser(TSetting::MySQL);
+    case TEngine::Firebird:
+        return vdtest::CreateParser(TSetting::Firebird3);
     }
     return nullptr;
 }

@@ -28,23 +28,24 @@ TEST(PostgreSQLRefuses, QuotedNamesOfTheDefaultSetting)
 }
 
 // Even a table created with a quoted upper-case name does not help while the statement has
-// aliases: the generic dialect prints an alias as written ("CUSTOMERS" C, folded to c) and
-// quotes it where it qualifies a column ("C"."NAME").
+// aliases: the generic dialect prints an alias as written ("CLIENTS" C, folded to c) and
+// quotes it where it qualifies a column ("C"."NAME"). The table is one of this test's own:
+// "CUSTOMERS" must stay missing for the test above, which may run before or after this one.
 TEST(PostgreSQLRefuses, BareAliasBesideQuotedQualifier)
 {
     ASSERT_TRUE(SuiteDatabaseReady());
     TEngineDatabase& db = SuiteDatabase();
-    ASSERT_TRUE(db.Exec("CREATE TABLE IF NOT EXISTS \"CUSTOMERS\" (\"ID\" INTEGER, \"NAME\" TEXT)"))
+    ASSERT_TRUE(db.Exec("CREATE TABLE IF NOT EXISTS \"CLIENTS\" (\"ID\" INTEGER, \"NAME\" TEXT)"))
         << db.Error();
     TFamilyStatement entry;
-    entry.Text = "SELECT C.ID, C.NAME FROM CUSTOMERS C";
+    entry.Text = "SELECT C.ID, C.NAME FROM CLIENTS C";
     vd::TVdSelectParser parser;
     parser.SetExpression(entry.Text);
     const std::string printed = parser.GetExpression();
-    EXPECT_NE(printed.find("\"CUSTOMERS\" C"), std::string::npos) << printed;
+    EXPECT_NE(printed.find("\"CLIENTS\" C"), std::string::npos) << printed;
     EXPECT_TRUE(Refuses(entry, printed, "missing FROM-clause entry for table \"C\""));
     TRows rows;
-    EXPECT_TRUE(Runs(entry, "SELECT \"CUSTOMERS\".\"ID\" FROM \"CUSTOMERS\"", rows));
+    EXPECT_TRUE(Runs(entry, "SELECT \"CLIENTS\".\"ID\" FROM \"CLIENTS\"", rows));
 }
 
 namespace {
