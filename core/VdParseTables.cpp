@@ -372,6 +372,7 @@ void TVdSelectParser::DoParseTableDef()
     }
     TVdTableDef* table = ResolveTable(name, hasAlias ? &alias : nullptr);
     FFromTables.insert(table);
+    FLastTable = table;
     FLastTableName = table->Name();
     FLastTableAlias = table->Alias();
     if (call) {
@@ -390,7 +391,11 @@ void TVdSelectParser::DoParseTableDef()
 void TVdSelectParser::DoParseProcParams()
 {
     TVdTableDefs& tables = TableDefs();
-    TVdTableDef* proc = tables.FindByName(FLastTableName);
+    // The entry just read, not the first of its name: FROM P(1) X, P(2) would give the first
+    // entry the arguments of both, and print a call that reads otherwise.
+    TVdTableDef* proc = FLastTable && FLastTable->Name() == FLastTableName
+                            ? FLastTable
+                            : tables.FindByName(FLastTableName);
     if (!proc)
         proc = tables.Add();
     proc->SetName(FLastTableName);

@@ -165,6 +165,7 @@ void TVdSelectParser::Clear()
     HavingItems().Filter = cfAll;
     FOrderByItems.Clear();
     SetDistinct(false);
+    FLastTable = nullptr;
     FLastTableName.clear();
     FLastTableAlias.clear();
     Scanner().SetExpression(std::string());

@@ -183,6 +183,7 @@ protected:
     bool QualifiesAsAlias(const std::string& alias) const;
     TVdTableDef* FindTable(const std::string& aliasText, const std::string& nameText) const;
 
+    TVdTableDef* FLastTable = nullptr;
     std::string FLastTableName;
     std::string FLastTableAlias;
 

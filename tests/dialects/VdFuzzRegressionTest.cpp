@@ -324,6 +324,13 @@ INSTANTIATE_TEST_SUITE_P(
         // only once read back.
         TCase{"GenericStringDotBesideDot", TSetting::Generic, "select'.',.",
               "SELECT \r\n  \".\",\r\n  . AS \".1\""},
+        // A procedure called twice in FROM: the second call's arguments went to the first
+        // entry of that name, and its call then printed arguments that read otherwise.
+        TCase{"GenericProcedureCalledTwice", TSetting::Generic, "SELECT A FROM P(1) X, P(2)",
+              "SELECT \r\n  \"X\".\"A\",\r\n  \"P\".\"A\" AS A1\r\nFROM\r\n  \"P\"(:1) X,\r\n"
+              "  \"P\"(:2)\r\n"},
+        TCase{"InterBase3ProcedureCalledTwice", TSetting::InterBase3, "select b from t(.)z,t(()",
+              "SELECT \r\n  Z.B,\r\n  T.B AS B1\r\nFROM\r\n  T(:.) Z,\r\n  T(:()\r\n"},
         TCase{"Firebird1NonAsciiWordTwice", TSetting::Firebird1, "select 1,\xC1,\xC1",
               "SELECT \r\n  1 AS FIELD_1,\r\n  \xC1,\r\n  \xC1 AS FIELD_2"}),
     [](const ::testing::TestParamInfo<TCase>& info) { return std::string(info.param.Name); });

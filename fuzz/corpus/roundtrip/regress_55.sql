@@ -1,0 +1,1 @@
+2select b from t(.)z,t(()
