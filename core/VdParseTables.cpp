@@ -258,6 +258,9 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
         }
         if (!table)
             table = UnnamedTable();
+        // T T is T without alias, and prints so.
+        if (!table && *alias == name)
+            table = GiveBackLentTable(name);
         if (!table)
             return AddTable(name, *alias);
         table->SetAlias(*alias);

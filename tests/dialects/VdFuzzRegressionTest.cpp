@@ -301,6 +301,9 @@ INSTANTIATE_TEST_SUITE_P(
               "`H`.`A`\r\n"},
         TCase{"GenericExpressionOfTableNamedTwice", TSetting::Generic, "SELECT T.A + 1 FROM T X, T",
               "SELECT \r\n  T.A + 1 AS FIELD_1\r\nFROM\r\n  \"T\",\r\n  \"T\" X\r\n"},
+        // T T names T without alias, as its print does.
+        TCase{"InterBase3QualifierOfTableNamedTwiceAliasedByItsName", TSetting::InterBase3,
+              "select A.From A R,A A", "SELECT \r\n  A. AS FIELD_1\r\nFROM\r\n  A,\r\n  A R\r\n"},
         // With a join in the statement the table stays where it was taken: joins name their
         // tables by alias.
         TCase{"GenericExpressionOfTableNamedTwiceWithJoin", TSetting::Generic,

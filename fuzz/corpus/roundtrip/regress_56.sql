@@ -1,0 +1,1 @@
+ select A.From A R,A A
