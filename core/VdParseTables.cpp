@@ -233,15 +233,23 @@ void TVdSelectParser::DoParseTableDefs()
 TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::string* alias)
 {
     TVdTableDefs& tables = TableDefs();
+    // A table an earlier FROM entry took is that entry's (FROM A E, E names two tables) unless
+    // it is of the same name, where a second entry names it again (FROM T, T), or, for the
+    // steps that look past the alias, not even then (FROM T, T X names two).
+    const auto untaken = [this](TVdTableDef* table) {
+        return table && !FFromTables.count(table) ? table : nullptr;
+    };
+    const auto sameOrUntaken = [this, &name](TVdTableDef* table) {
+        return table && (table->Name() == name || !FFromTables.count(table)) ? table : nullptr;
+    };
     TVdTableDef* table = nullptr;
     if (alias) {
-        table = tables.FindByAlias(*alias);
+        table = sameOrUntaken(tables.FindByAlias(*alias));
         // The name used as an alias finds a table a qualifier made, not one an earlier FROM
         // entry named otherwise (T2 WZB, WZB W: the second is a table of its own).
         if (!table) {
-            TVdTableDef* byAlias = tables.FindByAlias(name);
-            if (byAlias && (byAlias->Name().empty() || byAlias->Name() == name) &&
-                !FFromTables.count(byAlias)) {
+            TVdTableDef* byAlias = untaken(tables.FindByAlias(name));
+            if (byAlias && (byAlias->Name().empty() || byAlias->Name() == name)) {
                 table = byAlias;
                 FLentTables.emplace(name, table);
             }
@@ -249,11 +257,10 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
         // A quoted alias ("A1") that a qualifier of the select list named as a name (A1).
         if (!table && alias->size() > 2 && alias->front() == Scanner().GetIdentQuote() &&
             alias->back() == alias->front())
-            table = tables.FindByAlias(ReadBack(Scanner(), *alias));
+            table = sameOrUntaken(tables.FindByAlias(ReadBack(Scanner(), *alias)));
         if (!table) {
-            TVdTableDef* byName = tables.FindByName(name);
-            if (byName && (byName->Alias().empty() || byName->Alias() == name) &&
-                !FFromTables.count(byName))
+            TVdTableDef* byName = untaken(tables.FindByName(name));
+            if (byName && (byName->Alias().empty() || byName->Alias() == name))
                 table = byName;
         }
         if (!table)
@@ -268,9 +275,9 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
             table->SetName(name);
         return table;
     }
-    table = tables.FindByAlias(name);
+    table = sameOrUntaken(tables.FindByAlias(name));
     if (!table)
-        table = tables.FindByAlias(std::string());
+        table = untaken(tables.FindByAlias(std::string()));
     if (!table)
         table = GiveBackLentTable(name);
     if (!table)

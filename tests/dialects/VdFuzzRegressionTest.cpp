@@ -304,6 +304,10 @@ INSTANTIATE_TEST_SUITE_P(
         // T T names T without alias, as its print does.
         TCase{"InterBase3QualifierOfTableNamedTwiceAliasedByItsName", TSetting::InterBase3,
               "select A.From A R,A A", "SELECT \r\n  A. AS FIELD_1\r\nFROM\r\n  A,\r\n  A R\r\n"},
+        // E after A E is a table of its own, not the table A that E aliases.
+        TCase{"Firebird3TableNamedLikeAnEarlierAlias", TSetting::Firebird3,
+              "SELECT A.FROM A\tE,E,A",
+              "SELECT \r\n  A. AS FIELD_1\r\nFROM\r\n  A,\r\n  E,\r\n  A E\r\n"},
         // With a join in the statement the table stays where it was taken: joins name their
         // tables by alias.
         TCase{"GenericExpressionOfTableNamedTwiceWithJoin", TSetting::Generic,

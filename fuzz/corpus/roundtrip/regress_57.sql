@@ -1,0 +1,1 @@
+:SELECT A.FROM A	E,E,A
