@@ -233,18 +233,22 @@ void TVdSelectParser::DoParseTableDefs()
 TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::string* alias)
 {
     TVdTableDefs& tables = TableDefs();
-    // A table an earlier FROM entry took is that entry's (FROM A E, E names two tables) unless
-    // it is of the same name, where a second entry names it again (FROM T, T), or, for the
-    // steps that look past the alias, not even then (FROM T, T X names two).
+    // A table an earlier FROM entry took is that entry's. An entry whose alias (or name, when
+    // it has none) is the alias of an earlier entry of another name would qualify two tables
+    // (FROM A E, B E or FROM A E, E): refused (null). Of the same name it is that table again
+    // (FROM T, T), as documented. The steps that look past the alias never take a table an
+    // earlier entry took (FROM T, T X names two tables).
     const auto untaken = [this](TVdTableDef* table) {
         return table && !FFromTables.count(table) ? table : nullptr;
     };
-    const auto sameOrUntaken = [this, &name](TVdTableDef* table) {
-        return table && (table->Name() == name || !FFromTables.count(table)) ? table : nullptr;
+    const auto otherTable = [this, &name](TVdTableDef* table) {
+        return table && FFromTables.count(table) && table->Name() != name;
     };
     TVdTableDef* table = nullptr;
     if (alias) {
-        table = sameOrUntaken(tables.FindByAlias(*alias));
+        table = tables.FindByAlias(*alias);
+        if (otherTable(table))
+            return nullptr;
         // The name used as an alias finds a table a qualifier made, not one an earlier FROM
         // entry named otherwise (T2 WZB, WZB W: the second is a table of its own).
         if (!table) {
@@ -257,7 +261,7 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
         // A quoted alias ("A1") that a qualifier of the select list named as a name (A1).
         if (!table && alias->size() > 2 && alias->front() == Scanner().GetIdentQuote() &&
             alias->back() == alias->front())
-            table = sameOrUntaken(tables.FindByAlias(ReadBack(Scanner(), *alias)));
+            table = untaken(tables.FindByAlias(ReadBack(Scanner(), *alias)));
         if (!table) {
             TVdTableDef* byName = untaken(tables.FindByName(name));
             if (byName && (byName->Alias().empty() || byName->Alias() == name))
@@ -275,7 +279,9 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
             table->SetName(name);
         return table;
     }
-    table = sameOrUntaken(tables.FindByAlias(name));
+    table = tables.FindByAlias(name);
+    if (otherTable(table))
+        return nullptr;
     if (!table)
         table = untaken(tables.FindByAlias(std::string()));
     if (!table)
@@ -348,6 +354,8 @@ void TVdSelectParser::DoParseTableDef()
 {
     if (!IsNameKind())
         return Fail();
+    // Where an entry that names a table another entry aliases is refused: at its name or alias.
+    TVdSQLScanner::TState blame = Scanner().SaveState();
     // A qualified name (S.T, customer.db) is one table name; "" names no table.
     std::string name = NameText();
     if (name.empty())
@@ -378,9 +386,14 @@ void TVdSelectParser::DoParseTableDef()
         if (!QualifiesAsAlias(alias))
             return Fail();
         hasAlias = true;
+        blame = Scanner().SaveState();
         Next();
     }
     TVdTableDef* table = ResolveTable(name, hasAlias ? &alias : nullptr);
+    if (!table) {
+        Scanner().RestoreState(blame);
+        return Fail();
+    }
     FFromTables.insert(table);
     FLastTable = table;
     FLastTableName = table->Name();

@@ -1,0 +1,1 @@
+Gselect i FROM M t,t,O
