@@ -249,6 +249,8 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
         table = tables.FindByAlias(*alias);
         if (otherTable(table))
             return nullptr;
+        if (!table)
+            table = GiveBackLentTable(name, *alias);
         // The name used as an alias finds a table a qualifier made, not one an earlier FROM
         // entry named otherwise (T2 WZB, WZB W: the second is a table of its own).
         if (!table) {
@@ -269,9 +271,6 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
         }
         if (!table)
             table = UnnamedTable();
-        // T T is T without alias, and prints so.
-        if (!table && *alias == name)
-            table = GiveBackLentTable(name);
         if (!table)
             return AddTable(name, *alias);
         table->SetAlias(*alias);
@@ -285,7 +284,7 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
     if (!table)
         table = untaken(tables.FindByAlias(std::string()));
     if (!table)
-        table = GiveBackLentTable(name);
+        table = GiveBackLentTable(name, name);
     if (!table)
         return AddTable(name, name);
     table->SetName(name);
@@ -310,23 +309,26 @@ TVdTableDef* TVdSelectParser::AddTable(const std::string& name, const std::strin
 }
 
 // SELECT T.A ... FROM T X, T: the qualifier T made a table that T X took by its name, yet
-// it means the entry without alias. Its columns print with the table's alias, but an
-// expression prints T as written, and read back named the other entry: the table goes back
-// to T, and T X becomes a table of its own. Only while the statement has no join: a join
-// names its tables by alias, and those would have to follow.
-TVdTableDef* TVdSelectParser::GiveBackLentTable(const std::string& name)
+// it means a later entry that T names (T, or U T). Its columns print with the table's alias,
+// but an expression prints T as written and read back named that later entry: the table goes
+// to the later entry, and the one that took it becomes a table of its own. Only while the
+// statement has no join: a join names its tables by alias, and those would have to follow.
+TVdTableDef* TVdSelectParser::GiveBackLentTable(const std::string& name, const std::string& alias)
 {
-    const auto lent = FLentTables.find(name);
+    const auto lent = FLentTables.find(alias);
     if (lent == FLentTables.end())
         return nullptr;
     TVdTableDef* table = lent->second;
     FLentTables.erase(lent);
-    if (table->Name() != name || table->Alias() == name || table->TableType() != qttTable ||
-        TableDefs().JoinCount() > 0)
+    if (table->Alias() == alias || table->Alias() == table->Name() ||
+        table->TableType() != qttTable || TableDefs().JoinCount() > 0)
         return nullptr;
-    const std::string alias = table->Alias();
-    table->SetAlias(name);
-    FFromTables.insert(AddTable(name, alias));
+    const std::string takenName = table->Name();
+    const std::string takenAlias = table->Alias();
+    // The name first: the alias differs from it, so it does not follow the name.
+    table->SetName(name);
+    table->SetAlias(alias);
+    FFromTables.insert(AddTable(takenName, takenAlias));
     return table;
 }
 

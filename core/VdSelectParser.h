@@ -198,7 +198,7 @@ private:
     static bool NamesColumn(const TVdFunctionDef& node);
     std::string PrintableAlias(const std::string& alias) const;
     TVdTableDef* AddTable(const std::string& name, const std::string& alias);
-    TVdTableDef* GiveBackLentTable(const std::string& name);
+    TVdTableDef* GiveBackLentTable(const std::string& name, const std::string& alias);
     std::string PeekAliasAfterParams();
     bool ReadJoinCondition(TVdTableDef*& owner, std::string& ownerField, TVdTableDef* joined,
                            std::string& joinedField, std::string& operation);
@@ -225,7 +225,7 @@ private:
     };
     std::vector<TUnqualified> FUnqualified;
     // Tables a qualifier made that an aliased FROM entry took by their name (T.A ... FROM T X),
-    // by that name: a later entry T without alias is what the qualifier meant.
+    // by that name: a later entry that T names (T, or U T) is what the qualifier meant.
     std::unordered_map<std::string, TVdTableDef*> FLentTables;
     // The tables FROM entries have taken so far: a later entry never takes one again.
     std::unordered_set<const TVdTableDef*> FFromTables;

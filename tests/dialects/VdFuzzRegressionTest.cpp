@@ -321,6 +321,10 @@ INSTANTIATE_TEST_SUITE_P(
         // T T names T without alias, as its print does.
         TCase{"InterBase3QualifierOfTableNamedTwiceAliasedByItsName", TSetting::InterBase3,
               "select A.From A R,A A", "SELECT \r\n  A. AS FIELD_1\r\nFROM\r\n  A,\r\n  A R\r\n"},
+        // A qualifier A that A R took by its name means the later entry aliased A.
+        TCase{"Firebird1QualifierOfLaterAlias", TSetting::Firebird1, "select t,A.From A R,X,J A",
+              "SELECT \r\n  A.T,\r\n  A. AS FIELD_1,\r\n  X.T AS T1,\r\n  R.T AS T2\r\nFROM\r\n  "
+              "J A,\r\n  X,\r\n  A R\r\n"},
         // With a join in the statement the table stays where it was taken: joins name their
         // tables by alias.
         TCase{"GenericExpressionOfTableNamedTwiceWithJoin", TSetting::Generic,

@@ -1,0 +1,1 @@
+Ãselect t,A.From A R,X,J A
