@@ -4,7 +4,6 @@
 #include "core/VdSelectParser.h"
 #include "core/VdTableDef.h"
 
-#include <algorithm>
 
 namespace vd {
 
@@ -64,13 +63,6 @@ void TVdJoinDef::Removing()
 
 namespace {
 
-// Whether s holds more than blanks and control characters (what Trim would remove).
-bool HasText(const std::string& s)
-{
-    return std::any_of(s.begin(), s.end(),
-                       [](char c) { return static_cast<unsigned char>(c) > ' '; });
-}
-
 // "alias"."field" of one side of the ON condition.
 void AppendSide(std::string& out, const TVdSelectParser* parser, const TVdTableDef& table,
                 const std::string& field)
@@ -85,7 +77,7 @@ void AppendSide(std::string& out, const TVdSelectParser* parser, const TVdTableD
 std::string TVdJoinDef::GetScript() const
 {
     const TVdTableDef* owner = GetTableDef();
-    if (!owner || FieldName.empty() || !HasText(JoinField) || JoinTable.empty())
+    if (!owner || FieldName.empty() || !text::HasText(JoinField) || JoinTable.empty())
         return std::string();
     const TVdTableDefs* tables = owner->Collection() ? owner->Collection()->AsTableDefs() : nullptr;
     const TVdTableDef* joined = tables ? tables->FindByAliasOrName(JoinTable) : nullptr;

@@ -2,8 +2,6 @@
 #include "core/VdScriptText.h"
 #include "core/VdSelectParser.h"
 
-#include <algorithm>
-
 namespace vd {
 
 namespace {
@@ -302,7 +300,7 @@ TVdTableDef* TVdSelectParser::UnnamedTable() const
 TVdTableDef* TVdSelectParser::AddTable(const std::string& name, const std::string& alias)
 {
     TVdTableDef* table = TableDefs().Add();
-    table->NameAdded(name, alias);
+    table->SetKeys(name, alias);
     for (const TUnqualified& column : FUnqualified)
         CopyField(*column.Field, column.HasAlias, column.Alias, *table);
     return table;
@@ -500,11 +498,7 @@ void TVdSelectParser::DoParseJoinDef()
         return Fail();
     // A join that would print nothing (ON (A.X = B."")) is refused, not kept: an empty field
     // of the owning side, or a joined field of blanks and control characters only.
-    const auto hasText = [](const std::string& s) {
-        return std::any_of(s.begin(), s.end(),
-                           [](char c) { return static_cast<unsigned char>(c) > ' '; });
-    };
-    if (ownerField.empty() || !hasText(joinedField))
+    if (ownerField.empty() || !text::HasText(joinedField))
         return Fail();
     // A table joined from two tables prints its own joins after each: the same join read
     // again is that join, not one more (which would double at every round trip).

@@ -47,12 +47,7 @@ void TVdTableDef::Assign(const TVdCollectionItem& source)
     // The name and alias are taken as they are: through SetName and SetAlias a new table would
     // pass through its name as alias, and the joins of other tables that name that alias
     // would follow it (U A1, A1 H: a join to A1 would end up at H).
-    if (TVdTableDefs* tables = Tables()) {
-        tables->TableKeyChanged(*this, false, FName, src->FName);
-        tables->TableKeyChanged(*this, true, FAlias, src->FAlias);
-    }
-    FName = src->FName;
-    FAlias = src->FAlias;
+    SetKeys(src->FName, src->FAlias);
     FTableType = src->FTableType;
     FieldDefs().Assign(src->FieldDefs());
     JoinDefs().Assign(src->JoinDefs());
@@ -119,19 +114,14 @@ void TVdTableDef::SetName(const std::string& name)
     FName = name;
 }
 
-void TVdTableDef::NameAdded(const std::string& name, const std::string& alias)
+void TVdTableDef::SetKeys(const std::string& name, const std::string& alias)
 {
-    if (!FName.empty() || !FAlias.empty()) {
-        SetAlias(alias);
-        SetName(name);
-        return;
-    }
     if (TVdTableDefs* tables = Tables()) {
-        tables->TableKeyChanged(*this, true, FAlias, alias);
         tables->TableKeyChanged(*this, false, FName, name);
+        tables->TableKeyChanged(*this, true, FAlias, alias);
     }
-    FAlias = alias;
     FName = name;
+    FAlias = alias;
 }
 
 std::string TVdTableDef::ProcessAlias(const std::string& alias) const

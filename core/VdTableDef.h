@@ -61,10 +61,11 @@ private:
     friend class TVdSelectParser;
 
     TVdTableDefs* Tables() const;
-    // Names a table a parse has just added, name and alias at once. The joins are not looked
-    // at: a parse names the table of a join by its alias, never empty, so none can name a
-    // table that had no alias yet (and looking would make a long FROM cost its square).
-    void NameAdded(const std::string& name, const std::string& alias);
+    // Name and alias at once, as they are: no join follows the alias (as SetAlias makes them)
+    // and the alias does not follow the name. For a copy, and for a table a parse has just
+    // added: a parse names the table of a join by its alias, never empty, so no join can name
+    // a table that had no alias yet (and looking would make a long FROM cost its square).
+    void SetKeys(const std::string& name, const std::string& alias);
 
     std::string FAlias;
     mutable std::unique_ptr<TVdFieldDefs> FFieldDefs;

@@ -1,5 +1,7 @@
 #include "core/VdText.h"
 
+#include <algorithm>
+
 namespace vd::text {
 
 std::string Upper(std::string_view s)
@@ -30,6 +32,12 @@ int CompareText(std::string_view a, std::string_view b)
     if (a.size() == b.size())
         return 0;
     return a.size() < b.size() ? -1 : 1;
+}
+
+bool HasText(std::string_view s)
+{
+    return std::any_of(s.begin(), s.end(),
+                       [](char c) { return static_cast<unsigned char>(c) > ' '; });
 }
 
 std::string Trim(std::string_view s)

@@ -24,6 +24,8 @@ inline bool SameText(std::string_view a, std::string_view b)
 }
 int CompareText(std::string_view a, std::string_view b);
 std::string Trim(std::string_view s);
+// Whether s holds more than blanks and control characters (what Trim would remove).
+bool HasText(std::string_view s);
 std::vector<std::string> SplitComma(std::string_view commaText);
 // Encloses s in quote, doubling every quote inside.
 std::string QuotedStr(std::string_view s, char quote);
