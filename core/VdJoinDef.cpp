@@ -4,7 +4,6 @@
 #include "core/VdSelectParser.h"
 #include "core/VdTableDef.h"
 
-
 namespace vd {
 
 const char* JoinKindWords(TVdJoinKind kind)
