@@ -139,7 +139,12 @@ std::string TVdSelectParser::DottedNameText(const std::string& name, const std::
 {
     if (name == kept)
         return name;
-    return ProcessItemName(name) == ProcessItemName(kept) ? name : kept;
+    const std::string printed = ProcessItemName(kept);
+    if (ProcessItemName(name) == printed)
+        return name;
+    // Kept in its printed form where that prints as itself: "".K prints as ""."K", which
+    // reads back as that, and two spellings of one name must not make two alias texts.
+    return ProcessItemName(printed) == printed ? printed : kept;
 }
 
 // A name of three parts or more without quotes (S.T.U) prints with its prefix quoted whole

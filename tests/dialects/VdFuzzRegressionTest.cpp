@@ -343,6 +343,13 @@ INSTANTIATE_TEST_SUITE_P(
               "  \"P\"(:2)\r\n"},
         TCase{"InterBase3ProcedureCalledTwice", TSetting::InterBase3, "select b from t(.)z,t(()",
               "SELECT \r\n  Z.B,\r\n  T.B AS B1\r\nFROM\r\n  T(:.) Z,\r\n  T(:()\r\n"},
+        // A dotted qualifier with a quoted part ("".K) prints as ""."K": kept as written, it
+        // was another alias text than its own print, which read back as a second table.
+        TCase{"GenericQuotedPartOfDottedQualifierKeptAsPrinted", TSetting::Generic,
+              "SELECT Y,MIN(M,\"\".K.)FROM K",
+              "SELECT \r\n  \"\".\"K\".\"Y\",\r\n  MIN(\"\".\"K\".\"M\", \"\".K.) AS FIELD_1,\r\n  "
+              "\"K\".\"Y\" AS Y1\r\nFROM\r\n  \"K\"\r\nGROUP BY\r\n  \"\".\"K\".\"Y\",\r\n  "
+              "\"K\".\"Y\"\r\n"},
         TCase{"Firebird1NonAsciiWordTwice", TSetting::Firebird1, "select 1,\xC1,\xC1",
               "SELECT \r\n  1 AS FIELD_1,\r\n  \xC1,\r\n  \xC1 AS FIELD_2"}),
     [](const ::testing::TestParamInfo<TCase>& info) { return std::string(info.param.Name); });
