@@ -10,17 +10,7 @@ namespace {
 // and the last one does. Where a backslash escapes a quote (MySQL), `\``` does not close.
 bool ClosesAtEnd(const TVdSQLScanner& scanner, std::string_view body, char quote)
 {
-    std::string read;
-    read.reserve(body.size());
-    for (size_t i = 0; i < body.size(); ++i) {
-        if (body[i] == quote) {
-            const char next = i + 1 < body.size() ? body[i + 1] : quote;
-            if (scanner.IsTerminator(quote, read, quote, static_cast<unsigned char>(next)))
-                return false;
-        }
-        read += body[i];
-    }
-    return scanner.IsTerminator(quote, read, quote, ' ');
+    return scanner.ClosingQuote(std::string(body) + quote, quote, ' ') == body.size();
 }
 
 // What the scanner reads back from a printed name: the content of a name in identifier

@@ -147,6 +147,21 @@ bool TVdSQLScanner::IsKeyword(const std::string& s) const { return FKeywords.Con
 
 bool TVdSQLScanner::IsFunction(const std::string& s) const { return FFunctions.Contains(s); }
 
+size_t TVdSQLScanner::ClosingQuote(std::string_view text, char quote, int after) const
+{
+    std::string read;
+    read.reserve(text.size());
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == quote) {
+            const int next = i + 1 < text.size() ? static_cast<unsigned char>(text[i + 1]) : after;
+            if (IsTerminator(quote, read, quote, next))
+                return i;
+        }
+        read += text[i];
+    }
+    return std::string_view::npos;
+}
+
 bool TVdSQLScanner::IsTerminator(char c, const std::string& text, char quote, int next) const
 {
     if (c != quote)
@@ -218,20 +233,12 @@ void TVdSQLScanner::DefineOperations()
 
 namespace {
 
-// End (exclusive) of a part that opens with quote at 0, where the scanner closes it (a doubled
-// quote does not, nor in MySQL a quote after a backslash); npos if it stays open.
+// End (exclusive) of a part that opens with quote at 0, where the scanner closes it; npos if
+// it stays open.
 size_t QuotedPartEnd(const TVdSQLScanner& scanner, std::string_view s, char quote)
 {
-    std::string read;
-    for (size_t i = 1; i < s.size(); ++i) {
-        if (s[i] == quote) {
-            const int next = i + 1 < s.size() ? static_cast<unsigned char>(s[i + 1]) : ' ';
-            if (scanner.IsTerminator(quote, read, quote, next))
-                return i + 1;
-        }
-        read += s[i];
-    }
-    return std::string_view::npos;
+    const size_t closing = scanner.ClosingQuote(s.substr(1), quote, ' ');
+    return closing == std::string_view::npos ? closing : closing + 2;
 }
 
 } // namespace

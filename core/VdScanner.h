@@ -105,6 +105,10 @@ public:
     // Whether c, met inside a string opened by quote, closes it. text is what the string
     // holds so far, next the character after c (-1 at the end of the text).
     virtual bool IsTerminator(char c, const std::string& text, char quote, int next) const;
+    // Where a text opened by quote closes: the index in text of the quote that closes it
+    // (a doubled quote does not, nor in MySQL a quote after a backslash), or npos when it
+    // stays open. text starts after the opening quote; after is the character behind it.
+    size_t ClosingQuote(std::string_view text, char quote, int after) const;
     virtual char GetIdentQuote() const;
     virtual bool GetProcessAliases() const;
     virtual bool GetQuoteIdentifiers() const;

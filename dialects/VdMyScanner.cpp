@@ -62,17 +62,7 @@ bool TVdMySQLScanner::ReadsBackAsString(const std::string& body) const
     const char quote = '\'';
     if (!body.empty() && body[0] == quote && (body.size() == 1 || body[1] != quote))
         return false;
-    std::string read;
-    read.reserve(body.size());
-    for (size_t i = 0; i < body.size(); ++i) {
-        if (body[i] == quote) {
-            const int next = i + 1 < body.size() ? static_cast<unsigned char>(body[i + 1]) : quote;
-            if (IsTerminator(quote, read, quote, next))
-                return false;
-        }
-        read += body[i];
-    }
-    return IsTerminator(quote, read, quote, ' ');
+    return ClosingQuote(body + quote, quote, ' ') == body.size();
 }
 
 void TVdMySQLScanner::AppendQuotedName(std::string& out, std::string_view name) const

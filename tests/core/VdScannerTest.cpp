@@ -1644,3 +1644,38 @@ TEST(VdScannerVirtual, StringQuoteOnlyGivesStringKind)
     const std::vector<Tok> expected = {{vd::tkString, "abc", 1, 5}, {vd::tkEnd, "", 1, 6}};
     EXPECT_EQ(ScanAll(s, "'abc'"), expected);
 }
+
+// ---- where a quoted text closes ----
+
+TEST(VdClosingQuote, FirstSingleQuoteCloses)
+{
+    TVdSQLScanner s;
+    EXPECT_EQ(s.ClosingQuote("ab'", '\'', ' '), 2u);
+    EXPECT_EQ(s.ClosingQuote("ab'cd'", '\'', ' '), 2u);
+    EXPECT_EQ(s.ClosingQuote("'", '\'', ' '), 0u);
+    EXPECT_EQ(s.ClosingQuote("ab\"", '"', ' '), 2u);
+}
+
+TEST(VdClosingQuote, DoubledQuoteIsContent)
+{
+    TVdSQLScanner s;
+    EXPECT_EQ(s.ClosingQuote("a''b'c", '\'', ' '), 4u);
+    EXPECT_EQ(s.ClosingQuote("''''", '\'', ' '), std::string_view::npos);
+    EXPECT_EQ(s.ClosingQuote("'''", '\'', ' '), 2u);
+}
+
+TEST(VdClosingQuote, CharacterAfterTheTextDecidesTheLastQuote)
+{
+    TVdSQLScanner s;
+    // Followed by another quote, the last one is the first of a doubled pair.
+    EXPECT_EQ(s.ClosingQuote("ab'", '\'', '\''), std::string_view::npos);
+    EXPECT_EQ(s.ClosingQuote("ab'", '\'', 'x'), 2u);
+}
+
+TEST(VdClosingQuote, TextWithoutClosingQuoteStaysOpen)
+{
+    TVdSQLScanner s;
+    EXPECT_EQ(s.ClosingQuote("", '\'', ' '), std::string_view::npos);
+    EXPECT_EQ(s.ClosingQuote("abc", '\'', ' '), std::string_view::npos);
+    EXPECT_EQ(s.ClosingQuote("a\"b", '\'', ' '), std::string_view::npos);
+}

@@ -967,3 +967,13 @@ TEST(MyNamesProperty, QuotedNamesReadBackAsTheSameName)
         report += failures[i] + "\n";
     EXPECT_TRUE(failures.empty()) << failures.size() << " names failed, first ones:\n" << report;
 }
+
+TEST(MyScannerClosingQuote, QuoteAfterBackslashIsContent)
+{
+    TVdMySQLScanner s;
+    EXPECT_EQ(s.ClosingQuote("a\\'b'", '\'', ' '), 4u);
+    EXPECT_EQ(s.ClosingQuote("a\\`b`", '`', ' '), 4u);
+    EXPECT_EQ(s.ClosingQuote("a\\'", '\'', ' '), std::string_view::npos);
+    // A doubled quote is content here too.
+    EXPECT_EQ(s.ClosingQuote("a''b'", '\'', ' '), 4u);
+}
