@@ -491,10 +491,6 @@ void TVdSelectParser::DoParseJoinDef()
     std::string ownerField, joinedField, operation;
     if (!ReadJoinCondition(owner, ownerField, joined, joinedField, operation))
         return Fail();
-    // A join that would print nothing (ON (A.X = B."")) is refused, not kept: an empty field
-    // of the owning side, or a joined field of blanks and control characters only.
-    if (ownerField.empty() || !text::HasText(joinedField))
-        return Fail();
     // A table joined from two tables prints its own joins after each: the same join read
     // again is that join, not one more (which would double at every round trip).
     const TVdJoinDefs& joins = owner->JoinDefs();
@@ -557,6 +553,7 @@ bool TVdSelectParser::ReadJoinCondition(TVdTableDef*& owner, std::string& ownerF
         Next();
         if (!IsNameKind())
             return false;
+        TVdSQLScanner::TState atField = Scanner().SaveState();
         std::string field = NameText();
         std::string keptField = QuotedPartText(field);
         Next();
@@ -565,6 +562,7 @@ bool TVdSelectParser::ReadJoinCondition(TVdTableDef*& owner, std::string& ownerF
             Next();
             if (!IsNameKind())
                 return false;
+            atField = Scanner().SaveState();
             qualifier += "." + field;
             keptQualifier += "." + keptField;
             field = NameText();
@@ -580,6 +578,12 @@ bool TVdSelectParser::ReadJoinCondition(TVdTableDef*& owner, std::string& ownerF
         if (!table)
             return refuse();
         const bool joinedSide = sides == 0 ? table == joined : joinedField.empty();
+        // A join that would print nothing (ON (A.X = B."")) is refused at the field: an empty
+        // field of the owning side, or a joined field of blanks and control characters only.
+        if (joinedSide ? !text::HasText(field) : field.empty()) {
+            Scanner().RestoreState(atField);
+            return false;
+        }
         if (joinedSide) {
             joinedField = field;
         } else {
