@@ -244,6 +244,11 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
             return nullptr;
         if (!table)
             table = GiveBackLentTable(name, *alias);
+        // A quoted alias ("A1") that a qualifier of the select list named as a name (A1): the
+        // alias itself, before any step that looks past it.
+        if (!table && alias->size() > 2 && alias->front() == Scanner().GetIdentQuote() &&
+            alias->back() == alias->front())
+            table = untaken(tables.FindByAlias(ReadBack(Scanner(), *alias)));
         // The name used as an alias finds a table a qualifier made, not one an earlier FROM
         // entry named otherwise (T2 WZB, WZB W: the second is a table of its own).
         if (!table) {
@@ -253,10 +258,6 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
                 FLentTables.emplace(name, table);
             }
         }
-        // A quoted alias ("A1") that a qualifier of the select list named as a name (A1).
-        if (!table && alias->size() > 2 && alias->front() == Scanner().GetIdentQuote() &&
-            alias->back() == alias->front())
-            table = untaken(tables.FindByAlias(ReadBack(Scanner(), *alias)));
         if (!table) {
             TVdTableDef* byName = untaken(tables.FindByName(name));
             if (byName && (byName->Alias().empty() || byName->Alias() == name))

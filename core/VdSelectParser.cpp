@@ -521,21 +521,43 @@ void TVdSelectParser::DoParseOrderByClause()
 
 void TVdSelectParser::DoParseAppendix() { FState = ssError; }
 
-// GROUP BY and ORDER BY items: names, continued across "." ("T"."A" is the item T.A).
+namespace {
+
+// Whether a dotted name read so far ends in a part the scanner reads as an integer, then ".".
+bool EndsWithIntegerPart(const TVdSQLScanner& scanner, const std::string& name)
+{
+    if (name.size() < 2 || name.back() != '.')
+        return false;
+    const size_t dot = name.rfind('.', name.size() - 2);
+    const size_t start = dot == std::string::npos ? 0 : dot + 1;
+    return scanner.IsInteger(name.substr(start, name.size() - 1 - start));
+}
+
+} // namespace
+
+// GROUP BY and ORDER BY items: names, continued across "." ("T"."A" is the item T.A). A
+// dotted name is weighed against its parts kept in their quotes, as in the select list: a
+// part that needs them ("select"."a.b".X) keeps them where a quoted part beside it makes the
+// others print as they stand.
 void TVdSelectParser::CollectNames(bool ordered)
 {
-    std::string name;
+    std::string name, kept;
+    bool dotted = false;
     bool expectPart = true;
     // The GROUP BY names met so far, so that a long list is not searched once per item.
     std::unordered_set<std::string> grouped;
     if (!ordered)
         grouped.insert(FGroupByItems.Lines().begin(), FGroupByItems.Lines().end());
     auto flush = [&](TVdOrderKind kind) {
+        if (dotted)
+            name = DottedNameText(name, kept);
         if (ordered)
             FOrderByItems.AddOrdered(name, kind);
         else if (grouped.insert(name).second)
             FGroupByItems.Add(name);
         name.clear();
+        kept.clear();
+        dotted = false;
     };
     for (;;) {
         const bool quoted = Scanner().TokenQuoted();
@@ -566,6 +588,8 @@ void TVdSelectParser::CollectNames(bool ordered)
         }
         if (IsDelimToken('.') && !expectPart) {
             name += '.';
+            kept += '.';
+            dotted = true;
             expectPart = true;
             Next();
             continue;
@@ -574,7 +598,14 @@ void TVdSelectParser::CollectNames(bool ordered)
         const bool star = !name.empty() && !Scanner().TokenQuoted() && Token() == "*";
         if (!expectPart || !(IsNameKind() || star || Kind() == tkInteger || Kind() == tkFunction))
             return Fail();
-        name += NameText();
+        // 2.5 at the very end of the text is the name of the parts 2 and 5; printed as it
+        // stands (names unquoted), with the line break after it, it would read as a number.
+        if (Kind() == tkInteger && !Scanner().TokenQuoted() && !Scanner().GetQuoteIdentifiers() &&
+            EndsWithIntegerPart(Scanner(), name) && !PeekIs("."))
+            return Fail();
+        const std::string part = NameText();
+        name += part;
+        kept += star ? part : QuotedPartText(part);
         expectPart = false;
         Next();
     }

@@ -126,6 +126,26 @@ TEST(FuzzRegression, JoinOnBlankFieldRefused)
               "  \"T\" \r\n  INNER JOIN \"U\" ON (\"T\".\" \" = \"U\".\"B\")\r\n");
 }
 
+// 2.5 at the very end of the text is the name of the parts 2 and 5. Where names print
+// unquoted it prints as it stands, with a line break after it, and reads as a number: refused.
+TEST(FuzzRegression, IntegerPartsOfOrderByNameRefusedWhereNamesAreNotQuoted)
+{
+    EXPECT_EQ(Refusal(TSetting::InterBase1, "SELECT A FROM T ORDER BY 2.5"),
+              "Invalid token '5' at position 28 of line 1.");
+    EXPECT_EQ(Refusal(TSetting::Firebird1, "SELECT A FROM T GROUP BY 1.2.5"),
+              "Invalid token '5' at position 30 of line 1.");
+    const std::unique_ptr<TVdSelectParser> parser = CreateParser(TSetting::MySQL);
+    parser->Scanner().SetQuoteIdentifiers(false);
+    EXPECT_THROW(parser->SetExpression("SELECT A FROM T ORDER BY 2.5"), EVdParserError);
+    EXPECT_EQ(Refusal(TSetting::InterBase1, "SELECT A FROM T ORDER BY x.2.5"),
+              "Invalid token '5' at position 30 of line 1.");
+    // A number after a part that is none prints as it stands; quoted, the parts print as names.
+    EXPECT_EQ(Print(TSetting::InterBase1, "SELECT A FROM T ORDER BY x.2"),
+              "SELECT \r\n  T.A\r\nFROM\r\n  T\r\nORDER BY\r\n  X.2\r\n");
+    EXPECT_EQ(Print(TSetting::Generic, "SELECT A FROM T ORDER BY 2.5"),
+              "SELECT \r\n  \"T\".\"A\"\r\nFROM\r\n  \"T\"\r\nORDER BY\r\n  \"2\".\"5\"\r\n");
+}
+
 // A table alias given as a string with a dot in it ('..') qualifies the table's columns in
 // the select list, where it printed split at its dots and named another table: refused.
 TEST(FuzzRegression, TableAliasStringWithDotRefused)
@@ -361,6 +381,27 @@ INSTANTIATE_TEST_SUITE_P(
               "SELECT \r\n  \"\".\"K\".\"Y\",\r\n  MIN(\"\".\"K\".\"M\", \"\".K.) AS FIELD_1,\r\n  "
               "\"K\".\"Y\" AS Y1\r\nFROM\r\n  \"K\"\r\nGROUP BY\r\n  \"\".\"K\".\"Y\",\r\n  "
               "\"K\".\"Y\"\r\n"},
+        // ORDER BY and GROUP BY names are weighed against their parts kept in quotes, as the
+        // select list's are: "select" kept bare beside the quoted "a.b" did not read back.
+        TCase{"GenericOrderByKeywordPartBesideQuotedDot", TSetting::Generic,
+              "SELECT A FROM T ORDER BY \"select\".\"a.b\".X",
+              "SELECT \r\n  \"T\".\"A\"\r\nFROM\r\n  \"T\"\r\nORDER BY\r\n  "
+              "\"select\".\"a.b\".\"X\"\r\n"},
+        // Three parts stay three: the prefix was quoted whole ("select.a").
+        TCase{"GenericOrderByQuotedPartsStayParts", TSetting::Generic,
+              "SELECT A FROM T ORDER BY \"select\".\"a\".'X'",
+              "SELECT \r\n  \"T\".\"A\"\r\nFROM\r\n  \"T\"\r\nORDER BY\r\n  "
+              "\"select\".\"a\".'X'\r\n"},
+        TCase{"MySQLOrderByKeywordPartBesideQuotedDot", TSetting::MySQL,
+              "SELECT b FROM `a.b`.\"JOIN\" ORDER BY `a.b`.\"JOIN\".`A` ASC",
+              "SELECT \r\n  `a.b`.`JOIN`.`b`\r\nFROM\r\n  `a.b`.`JOIN`\r\nORDER BY\r\n  "
+              "`a.b`.`JOIN`.`A`\r\n"},
+        // A quoted alias is the alias a qualifier of the select list named: it is found before
+        // the table a qualifier made under the entry's name.
+        TCase{"GenericQuotedAliasBeforeNameAsAlias", TSetting::Generic,
+              "SELECT MAX(\"MIN\".a, \"x\".a), \"x\".b FROM \"MIN\" \"x\"",
+              "SELECT \r\n  MAX(\"MIN\".a, \"x\".a) AS FIELD_1,\r\n  \"x\".\"b\"\r\nFROM\r\n  "
+              "\"MIN\" \"x\"\r\n"},
         TCase{"Firebird1NonAsciiWordTwice", TSetting::Firebird1, "select 1,\xC1,\xC1",
               "SELECT \r\n  1 AS FIELD_1,\r\n  \xC1,\r\n  \xC1 AS FIELD_2"}),
     [](const ::testing::TestParamInfo<TCase>& info) { return std::string(info.param.Name); });

@@ -1,0 +1,1 @@
+SELECT b FROM `a.b`."JOIN" ORDER BY `a.b`."JOIN".`A` ASC
