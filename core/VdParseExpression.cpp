@@ -26,7 +26,7 @@ private:
     }
     bool ReadCall(TVdFunctionDef& node, TVdTableDef*& table);
     bool ReadQualified(TVdFunctionDef& node, TVdTableDef*& table);
-    void ReadSingle(TVdFunctionDef& node);
+    bool ReadSingle(TVdFunctionDef& node);
     void ReadRest(TVdFunctionDef& node, TVdTableDef*& table, int start);
     TVdTableDef* QualifierTable(const std::string& aliasText, const std::string& nameText);
 
@@ -98,9 +98,13 @@ bool TVdExpressionReader::ReadCall(TVdFunctionDef& node, TVdTableDef*& table)
             P.DoParseExpression(*arg, t, TTokenKinds(), std::string(), Context);
             if (P.State() == ssError)
                 return true;
+            // Arguments of two tables keep the call as text, with the table named first:
+            // its unqualified arguments print with that table, which then is named first on
+            // reading back too, as it was here.
             if (t) {
                 mixed = mixed || (argTable && argTable != t);
-                argTable = t;
+                if (!argTable)
+                    argTable = t;
             }
             if (P.IsDelimToken(',')) {
                 Consume();
@@ -200,7 +204,8 @@ std::string StringName(std::string value)
 
 } // namespace
 
-void TVdExpressionReader::ReadSingle(TVdFunctionDef& node)
+// False, with the parser failed, for a token that cannot stand as an expression.
+bool TVdExpressionReader::ReadSingle(TVdFunctionDef& node)
 {
     const TTokenKind kind = S.TokenKind();
     if (S.TokenQuoted()) {
@@ -216,11 +221,15 @@ void TVdExpressionReader::ReadSingle(TVdFunctionDef& node)
         } else if (string) {
             node.SetName(StringName(S.UnquoteString(S.Token(), S.TokenQuote())));
             node.SetKind(fkString);
+        } else if (S.Token().empty() && !S.GetQuoteIdentifiers()) {
+            // An empty name ("") prints nothing where names print unquoted.
+            P.Fail();
+            return false;
         } else {
             node.SetName(P.NameText());
             node.SetKind(fkIdentifier);
         }
-        return;
+        return true;
     }
     // An identifier as the dialect reads it (one that folds unquoted names keeps them folded).
     node.SetName(kind == tkIdent || kind == tkIdentString ? P.NameText() : S.Token());
@@ -245,6 +254,7 @@ void TVdExpressionReader::ReadSingle(TVdFunctionDef& node)
         node.SetKind(fkUnknown);
         break;
     }
+    return true;
 }
 
 void TVdExpressionReader::ReadRest(TVdFunctionDef& node, TVdTableDef*& table, int start)
@@ -291,7 +301,8 @@ void TVdExpressionReader::Read(TVdFunctionDef& node, TVdTableDef*& table)
         if (ReadQualified(node, table))
             return;
     } else {
-        ReadSingle(node);
+        if (!ReadSingle(node))
+            return;
         Consume();
         if (AtStop(0))
             return;

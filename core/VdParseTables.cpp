@@ -245,10 +245,14 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
         if (!table)
             table = GiveBackLentTable(name, *alias);
         // A quoted alias ("A1") that a qualifier of the select list named as a name (A1): the
-        // alias itself, before any step that looks past it.
+        // alias itself, before any step that looks past it, and like it refused where it is
+        // an earlier entry's alias of another name (FROM A X, B "X").
         if (!table && alias->size() > 2 && alias->front() == Scanner().GetIdentQuote() &&
-            alias->back() == alias->front())
-            table = untaken(tables.FindByAlias(ReadBack(Scanner(), *alias)));
+            alias->back() == alias->front()) {
+            table = tables.FindByAlias(ReadBack(Scanner(), *alias));
+            if (otherTable(table))
+                return nullptr;
+        }
         // The name used as an alias finds a table a qualifier made, not one an earlier FROM
         // entry named otherwise (T2 WZB, WZB W: the second is a table of its own).
         if (!table) {

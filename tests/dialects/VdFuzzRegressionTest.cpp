@@ -146,6 +146,26 @@ TEST(FuzzRegression, IntegerPartsOfOrderByNameRefusedWhereNamesAreNotQuoted)
               "SELECT \r\n  \"T\".\"A\"\r\nFROM\r\n  \"T\"\r\nORDER BY\r\n  \"2\".\"5\"\r\n");
 }
 
+// An empty quoted name ('' in the generic dialect) prints nothing where names print unquoted:
+// as an operand it is refused, as it is in FROM (the error of an empty token).
+TEST(FuzzRegression, EmptyNameOperandRefusedWhereNamesAreNotQuoted)
+{
+    for (const TSetting setting : {TSetting::Generic, TSetting::MySQL}) {
+        const std::unique_ptr<TVdSelectParser> parser = CreateParser(setting);
+        parser->Scanner().SetQuoteIdentifiers(false);
+        const char* text = setting == TSetting::MySQL ? "SELECT d FROM T WHERE `` IS NULL"
+                                                      : "SELECT d FROM T WHERE '' IS NULL";
+        try {
+            parser->SetExpression(text);
+            ADD_FAILURE() << "accepted: " << text;
+        } catch (const EVdParserError& e) {
+            EXPECT_STREQ(e.what(), "Unexpected end of statement.") << text;
+        }
+    }
+    EXPECT_EQ(Print(TSetting::Generic, "SELECT d FROM T WHERE '' IS NULL"),
+              "SELECT \r\n  \"T\".\"d\"\r\nFROM\r\n  \"T\"\r\nWHERE\r\n  (\"\" IS NULL)\r\n");
+}
+
 // A table alias given as a string with a dot in it ('..') qualifies the table's columns in
 // the select list, where it printed split at its dots and named another table: refused.
 TEST(FuzzRegression, TableAliasStringWithDotRefused)
@@ -171,6 +191,9 @@ TEST(FuzzRegression, NameThatQualifiesTwoTablesRefused)
               "Invalid token 'E' at position 22 of line 1.");
     EXPECT_EQ(Refusal(TSetting::Generic, "SELECT A FROM P(1) X, Q(2) X"),
               "Invalid token 'Q' at position 23 of line 1.");
+    // The quoted spelling of another table's alias is that alias.
+    EXPECT_EQ(Refusal(TSetting::Generic, "SELECT A FROM A X, B \"X\""),
+              "Invalid token 'X' at position 23 of line 1.");
     EXPECT_EQ(Refusal(TSetting::Generic, "SELECT A FROM T, T"),
               "accepted, printed as\nSELECT \r\n  \"T\".\"A\"\r\nFROM\r\n  \"T\"\r\n");
 }
@@ -402,6 +425,17 @@ INSTANTIATE_TEST_SUITE_P(
               "SELECT MAX(\"MIN\".a, \"x\".a), \"x\".b FROM \"MIN\" \"x\"",
               "SELECT \r\n  MAX(\"MIN\".a, \"x\".a) AS FIELD_1,\r\n  \"x\".\"b\"\r\nFROM\r\n  "
               "\"MIN\" \"x\"\r\n"},
+        // A call with arguments of two tables is kept as text with the table its arguments
+        // name first: the unqualified argument of the call around it prints with that table,
+        // which is then named first on reading back too (FROM kept its order).
+        TCase{"MySQLCallOfTwoTablesKeepsTheTableNamedFirst", TSetting::MySQL,
+              "SELECT MAX(b, MIN(\"select\".''''., A.)) FROM \"select\".'''', 'b'.\"\" A",
+              "SELECT \r\n  MAX(`select`.`'`.`b`, MIN(\"select\".''''., A.)) AS `FIELD_1`\r\nFROM\r\n  "
+              "`select`.`'`,\r\n  `b`.`` `A`\r\n"},
+        // FROM T X, T "X": the quoted spelling of the alias is that table again.
+        TCase{"GenericQuotedSpellingOfAliasOfSameTable", TSetting::Generic,
+              "SELECT a FROM T X, T \"X\"",
+              "SELECT \r\n  \"X\".\"a\"\r\nFROM\r\n  \"T\" \"X\"\r\n"},
         TCase{"Firebird1NonAsciiWordTwice", TSetting::Firebird1, "select 1,\xC1,\xC1",
               "SELECT \r\n  1 AS FIELD_1,\r\n  \xC1,\r\n  \xC1 AS FIELD_2"}),
     [](const ::testing::TestParamInfo<TCase>& info) { return std::string(info.param.Name); });

@@ -1,0 +1,1 @@
+SELECT MAX(b, MIN("select".''''., A.)) FROM "select".'''', 'b'."" A
