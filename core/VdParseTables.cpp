@@ -237,10 +237,14 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
     const auto otherTable = [this, &name](TVdTableDef* table) {
         return table && FFromTables.count(table) && table->Name() != name;
     };
+    // The same for the quoted spelling of a plain alias: FROM A "X", B X or FROM A "X", X.
+    const auto quotedOther = [&](const std::string& plain) {
+        return otherTable(tables.FindByAlias(Scanner().QuotedName(plain)));
+    };
     TVdTableDef* table = nullptr;
     if (alias) {
         table = tables.FindByAlias(*alias);
-        if (otherTable(table))
+        if (otherTable(table) || (!table && quotedOther(*alias)))
             return nullptr;
         if (!table)
             table = GiveBackLentTable(name, *alias);
@@ -277,7 +281,7 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
         return table;
     }
     table = tables.FindByAlias(name);
-    if (otherTable(table))
+    if (otherTable(table) || (!table && quotedOther(name)))
         return nullptr;
     if (!table)
         table = untaken(tables.FindByAlias(std::string()));
