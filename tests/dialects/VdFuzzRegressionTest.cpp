@@ -197,7 +197,7 @@ TEST(FuzzRegression, NameThatQualifiesTwoTablesRefused)
     EXPECT_EQ(Refusal(TSetting::Generic, "SELECT A FROM A \"X\", B X"),
               "Invalid token 'X' at position 24 of line 1.");
     EXPECT_EQ(Refusal(TSetting::Generic, "SELECT I FROM '1' \"a\\\", \"a\\\""),
-              "Invalid token 'a\\' at position 25 of line 1.");
+              "Invalid token 'a\\' at position 26 of line 1.");
     EXPECT_EQ(Refusal(TSetting::Generic, "SELECT A FROM T, T"),
               "accepted, printed as\nSELECT \r\n  \"T\".\"A\"\r\nFROM\r\n  \"T\"\r\n");
 }
