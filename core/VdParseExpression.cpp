@@ -147,6 +147,11 @@ bool TVdExpressionReader::ReadQualified(TVdFunctionDef& node, TVdTableDef*& tabl
         star = !S.TokenQuoted() && S.Token() == "*";
         if (!star && !P.IsNameKind())
             break;
+        // T."*" would print as T.*, all columns of T.
+        if (S.TokenQuoted() && S.Token() == "*") {
+            P.Fail();
+            return true;
+        }
         field = star ? std::string("*") : P.NameText();
         keptField = star ? field : P.QuotedPartText(field);
         if (parameter)
@@ -221,8 +226,9 @@ bool TVdExpressionReader::ReadSingle(TVdFunctionDef& node)
         } else if (string) {
             node.SetName(StringName(S.UnquoteString(S.Token(), S.TokenQuote())));
             node.SetKind(fkString);
-        } else if (S.Token().empty() && !S.GetQuoteIdentifiers()) {
-            // An empty name ("") prints nothing where names print unquoted.
+        } else if ((S.Token().empty() && !S.GetQuoteIdentifiers()) || S.Token() == "*") {
+            // An empty name ("") prints nothing where names print unquoted, and a name "*"
+            // prints as the star of all columns.
             P.Fail();
             return false;
         } else {

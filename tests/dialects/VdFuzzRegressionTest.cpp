@@ -166,6 +166,23 @@ TEST(FuzzRegression, EmptyNameOperandRefusedWhereNamesAreNotQuoted)
               "SELECT \r\n  \"T\".\"d\"\r\nFROM\r\n  \"T\"\r\nWHERE\r\n  (\"\" IS NULL)\r\n");
 }
 
+// A quoted name "*" printed as the star: beside other items it did not read back, and
+// with a table it read back as all its columns. Refused, as a name and as a qualified name.
+TEST(FuzzRegression, QuotedStarNameRefused)
+{
+    EXPECT_EQ(Refusal(TSetting::MySQL, "SELECT `*`, \"x\""),
+              "Invalid token '*' at position 9 of line 1.");
+    EXPECT_EQ(Refusal(TSetting::MySQL, "SELECT t.`*` FROM t"),
+              "Invalid token '*' at position 11 of line 1.");
+    EXPECT_EQ(Refusal(TSetting::Generic, "SELECT \"*\", A FROM t"),
+              "Invalid token '*' at position 9 of line 1.");
+    // A string "*" is a string, the star a star.
+    EXPECT_EQ(Print(TSetting::MySQL, "SELECT \"*\" FROM t"),
+              "SELECT \r\n  '*'\r\nFROM\r\n  `t`\r\n");
+    EXPECT_EQ(Print(TSetting::MySQL, "SELECT t.* FROM t"),
+              "SELECT \r\n  `t`.*\r\nFROM\r\n  `t`\r\n");
+}
+
 // A table alias given as a string with a dot in it ('..') qualifies the table's columns in
 // the select list, where it printed split at its dots and named another table: refused.
 TEST(FuzzRegression, TableAliasStringWithDotRefused)
