@@ -147,8 +147,8 @@ bool TVdExpressionReader::ReadQualified(TVdFunctionDef& node, TVdTableDef*& tabl
         star = !S.TokenQuoted() && S.Token() == "*";
         if (!star && !P.IsNameKind())
             break;
-        // T."*" would print as T.*, all columns of T.
-        if (S.TokenQuoted() && S.Token() == "*") {
+        // In the select list T."*" would print as T.*, all columns of T.
+        if (S.TokenQuoted() && S.Token() == "*" && Context == TVdExprContext::SelectList) {
             P.Fail();
             return true;
         }
@@ -226,9 +226,10 @@ bool TVdExpressionReader::ReadSingle(TVdFunctionDef& node)
         } else if (string) {
             node.SetName(StringName(S.UnquoteString(S.Token(), S.TokenQuote())));
             node.SetKind(fkString);
-        } else if ((S.Token().empty() && !S.GetQuoteIdentifiers()) || S.Token() == "*") {
-            // An empty name ("") prints nothing where names print unquoted, and a name "*"
-            // prints as the star of all columns.
+        } else if ((S.Token().empty() && !S.GetQuoteIdentifiers()) ||
+                   (S.Token() == "*" && Context == TVdExprContext::SelectList)) {
+            // An empty name ("") prints nothing where names print unquoted, and in the select
+            // list a name "*" prints as the star of all columns.
             P.Fail();
             return false;
         } else {

@@ -246,8 +246,11 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
         table = tables.FindByAlias(*alias);
         if (otherTable(table) || (!table && quotedOther(*alias)))
             return nullptr;
+        bool refused = false;
         if (!table)
-            table = GiveBackLentTable(name, *alias);
+            table = GiveBackLentTable(name, *alias, refused);
+        if (refused)
+            return nullptr;
         // A quoted alias ("A1") that a qualifier of the select list named as a name (A1): the
         // alias itself, before any step that looks past it, and like it refused where it is
         // an earlier entry's alias of another name (FROM A X, B "X").
@@ -285,8 +288,11 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
         return nullptr;
     if (!table)
         table = untaken(tables.FindByAlias(std::string()));
+    bool refused = false;
     if (!table)
-        table = GiveBackLentTable(name, name);
+        table = GiveBackLentTable(name, name, refused);
+    if (refused)
+        return nullptr;
     if (!table)
         return AddTable(name, name);
     table->SetName(name);
@@ -313,24 +319,35 @@ TVdTableDef* TVdSelectParser::AddTable(const std::string& name, const std::strin
 // SELECT T.A ... FROM T X, T: the qualifier T made a table that T X took by its name, yet
 // it means a later entry that T names (T, or U T). Its columns print with the table's alias,
 // but an expression prints T as written and read back named that later entry: the table goes
-// to the later entry, and the one that took it becomes a table of its own. Only while the
-// statement has no join: a join names its tables by alias, and those would have to follow.
-TVdTableDef* TVdSelectParser::GiveBackLentTable(const std::string& name, const std::string& alias)
+// to the later entry, and the one that took it becomes a table of its own, with the joins it
+// owns. refused: set where the later entry cannot take the table (a procedure's call cannot
+// follow it) and is refused.
+TVdTableDef* TVdSelectParser::GiveBackLentTable(const std::string& name, const std::string& alias,
+                                                bool& refused)
 {
+    refused = false;
     const auto lent = FLentTables.find(alias);
     if (lent == FLentTables.end())
         return nullptr;
     TVdTableDef* table = lent->second;
     FLentTables.erase(lent);
-    if (table->Alias() == alias || table->Alias() == table->Name() ||
-        table->TableType() != qttTable || TableDefs().JoinCount() > 0)
+    if (table->Alias() == alias || table->Alias() == table->Name())
         return nullptr;
+    // A procedure's call cannot follow the table to another entry: with the qualifier's
+    // columns printed by the call's alias, the text would read back as the later entry's.
+    if (table->TableType() != qttTable) {
+        refused = true;
+        return nullptr;
+    }
     const std::string takenName = table->Name();
     const std::string takenAlias = table->Alias();
-    // The name first: the alias differs from it, so it does not follow the name.
-    table->SetName(name);
-    table->SetAlias(alias);
-    FFromTables.insert(AddTable(takenName, takenAlias));
+    // Name and alias as they are: the joins that name the table by its alias mean the entry
+    // that wrote it, so they do not follow the table, and the joins it owns go with the alias.
+    table->SetKeys(name, alias);
+    TVdTableDef* taken = AddTable(takenName, takenAlias);
+    taken->JoinDefs().Assign(table->JoinDefs());
+    table->JoinDefs().Clear();
+    FFromTables.insert(taken);
     return table;
 }
 

@@ -198,7 +198,8 @@ private:
     static bool NamesColumn(const TVdFunctionDef& node);
     std::string PrintableAlias(const std::string& alias) const;
     TVdTableDef* AddTable(const std::string& name, const std::string& alias);
-    TVdTableDef* GiveBackLentTable(const std::string& name, const std::string& alias);
+    TVdTableDef* GiveBackLentTable(const std::string& name, const std::string& alias,
+                                   bool& refused);
     std::string PeekAliasAfterParams();
     bool ReadJoinCondition(TVdTableDef*& owner, std::string& ownerField, TVdTableDef* joined,
                            std::string& joinedField, std::string& operation);

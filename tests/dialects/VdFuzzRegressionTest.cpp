@@ -400,12 +400,19 @@ INSTANTIATE_TEST_SUITE_P(
         TCase{"Firebird1QualifierOfLaterAlias", TSetting::Firebird1, "select t,A.From A R,X,J A",
               "SELECT \r\n  A.T,\r\n  A. AS FIELD_1,\r\n  X.T AS T1,\r\n  R.T AS T2\r\nFROM\r\n  "
               "J A,\r\n  X,\r\n  A R\r\n"},
-        // With a join in the statement the table stays where it was taken: joins name their
-        // tables by alias.
+        // With a join in the statement the table goes to the later entry as well, and the
+        // join it owns stays with the entry that wrote it (joins name their tables by alias).
         TCase{"GenericExpressionOfTableNamedTwiceWithJoin", TSetting::Generic,
               "SELECT T.A + 1 FROM T X INNER JOIN U ON (X.A = U.A), T",
-              "SELECT \r\n  T.A + 1 AS FIELD_1\r\nFROM\r\n  \"T\" X \r\n  INNER JOIN \"U\" ON "
-              "(\"X\".\"A\" = \"U\".\"A\"),\r\n  \"T\"\r\n"},
+              "SELECT \r\n  T.A + 1 AS FIELD_1\r\nFROM\r\n  \"T\",\r\n  \"T\" X \r\n  INNER JOIN \"U\" "
+              "ON (\"X\".\"A\" = \"U\".\"A\")\r\n"},
+        // A join entry that took the qualifier's table by its name gives it to the later entry
+        // the qualifier names; a procedure's call cannot follow it and such an entry is
+        // refused (see NameThatQualifiesTwoTablesRefused).
+        TCase{"InterBase3QualifierOfJoinedTableNamedTwice", TSetting::InterBase3,
+              "SELECT 'a\\'.*, 'X', 'a\\'.`a\\` FROM Y1 INNER JOIN \"a\\\" \"ON\" ON (Y1.X = Y1.T2), 'a\\'",
+              "SELECT \r\n  \"a\\\".*,\r\n  'X' AS FIELD_1,\r\n  'a\\'.`a\\` AS FIELD_2\r\nFROM\r\n  "
+              "\"a\\\",\r\n  Y1 \r\n  INNER JOIN \"a\\\" \"ON\" ON (Y1.X = \"ON\".T2)\r\n"},
         // A string that prints in identifier quotes ('.' gives ".") was kept as "." where
         // "." itself reads as the plain ".": beside a column named . it then needed an alias
         // only once read back.
