@@ -181,6 +181,9 @@ TEST(FuzzRegression, QuotedStarNameRefused)
               "SELECT \r\n  '*'\r\nFROM\r\n  `t`\r\n");
     EXPECT_EQ(Print(TSetting::MySQL, "SELECT t.* FROM t"),
               "SELECT \r\n  `t`.*\r\nFROM\r\n  `t`\r\n");
+    // In a condition the star prints quoted as a name, and so reads back.
+    EXPECT_EQ(Print(TSetting::InterBase3, "SELECT A FROM t WHERE T.\"*\" IS NULL"),
+              "SELECT \r\n  T.A\r\nFROM\r\n  T\r\nWHERE\r\n  (T.\"*\" IS NULL)\r\n");
 }
 
 // A table alias given as a string with a dot in it ('..') qualifies the table's columns in
