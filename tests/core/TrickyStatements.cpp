@@ -160,7 +160,14 @@ std::string TGenerator::Statement()
     }
     if (Chance(30))
         Qualifiers.push_back(Dotted(2)); // a qualifier no entry gives
-    std::string text = Chance(10) ? "SELECT DISTINCT " : "SELECT ";
+    // The clauses of every dialect, each refused where its dialect is not the parser's.
+    static constexpr std::array<std::string_view, 10> Heads = {
+        "DISTINCT ",      "FIRST 5 ", "FIRST 1 SKIP 2 ", "SKIP 3 ",      "STRAIGHT_JOIN ",
+        "SQL_BIG_RESULT ", "ALL ",    "DISTINCTROW ",    "HIGH_PRIORITY ", "FIRST 2 DISTINCT "};
+    static constexpr std::array<std::string_view, 6> Tails = {
+        " ROWS 5", " ROWS 1 TO 5", " ROWS 2 TO 8 BY 3 PERCENT WITH TIES", " LIMIT 5",
+        " LIMIT 2, 5", " ROWS 3 WITH TIES"};
+    std::string text = "SELECT " + std::string(Chance(25) ? Pick(Heads) : "");
     for (int i = 0, n = 1 + Below(4); i < n; ++i) {
         text += (i ? ", " : "") + Column(0);
         if (Chance(20))
@@ -194,6 +201,8 @@ std::string TGenerator::Statement()
         if (Chance(50))
             text += ", " + Column(1);
     }
+    if (Chance(20))
+        text += Pick(Tails);
     return text;
 }
 
