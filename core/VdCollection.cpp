@@ -66,6 +66,18 @@ void TVdCollection::Delete(int index)
     owned.reset();
 }
 
+void TVdCollection::Move(int from, int to)
+{
+    GetItem(from);
+    GetItem(to);
+    const auto first = FItems.begin();
+    if (from < to)
+        std::rotate(first + from, first + from + 1, first + to + 1);
+    else if (to < from)
+        std::rotate(first + to, first + from, first + from + 1);
+    Renumber(size_t(std::min(from, to)));
+}
+
 void TVdCollection::DeleteItems(std::vector<int> indexes)
 {
     std::sort(indexes.begin(), indexes.end());

@@ -64,6 +64,9 @@ public:
     TVdCollectionItem* AddItem();
     TVdCollectionItem* InsertItem(int index);
     void Delete(int index);
+    // Moves the item at from to the position to, the items between shifting by one. Throws
+    // EVdListError for a position out of range.
+    void Move(int from, int to);
     // Deletes the items at the given positions (in any order) in one pass over the list;
     // each is told (Removing) before any leaves. Throws EVdListError for a position out of
     // range, before anything is deleted.

@@ -191,6 +191,7 @@ void TVdSelectParser::DoParseTableDefs()
     for (;;) {
         if (Kind() == tkEnd) {
             FState = ssEnd;
+            MergeQualifierTables();
             return;
         }
         // A join word need not be a keyword of the dialect (LEFT can also name a function).
@@ -210,6 +211,7 @@ void TVdSelectParser::DoParseTableDefs()
                 FState = ssOrderBy;
             else
                 FState = ssAppendix;
+            MergeQualifierTables();
             return;
         }
         if (FState == ssError) {
@@ -246,6 +248,9 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
         table = tables.FindByAlias(*alias);
         if (otherTable(table) || (!table && quotedOther(*alias)))
             return nullptr;
+        // SELECT D., O.A FROM D O: the qualifier D may have made a table of its own as well.
+        if (table && table->Name().empty() && !FFromTables.count(table))
+            FNamedByAlias.emplace_back(table, name);
         bool refused = false;
         if (!table)
             table = GiveBackLentTable(name, *alias, refused);
@@ -297,6 +302,41 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
         return AddTable(name, name);
     table->SetName(name);
     return table;
+}
+
+// SELECT D., O.A FROM D O: the qualifier D made a table, and O another, and this entry is what
+// both mean (D by the name used as an alias) when no other entry took D. Once FROM is read the
+// two become the entry's table, standing where the first of them stood, each column keeping
+// its place in the select list. Otherwise the print, which writes the expression's D as
+// written and qualifies the columns with O, would read back with the tables in another order.
+void TVdSelectParser::MergeQualifierTables()
+{
+    TVdTableDefs& tables = TableDefs();
+    for (const auto& [entry, name] : FNamedByAlias) {
+        TVdTableDef* made = tables.FindByAlias(name);
+        if (!made || made == entry || !made->Name().empty() || FFromTables.count(made))
+            continue;
+        // The indexes are taken before and given back after the made table goes, which would
+        // renumber the columns behind its own.
+        std::vector<std::pair<TVdFieldDef*, int>> places;
+        for (int t = 0; t < tables.Count(); ++t) {
+            TVdFieldDefs& fields = tables.Items(t)->FieldDefs();
+            for (int f = 0; f < fields.Count() && tables.Items(t) != made; ++f)
+                places.emplace_back(fields.Items(f), fields.Items(f)->FieldIndex());
+        }
+        const TVdFieldDefs& moved = made->FieldDefs();
+        for (int f = 0; f < moved.Count(); ++f) {
+            TVdFieldDef* copy = entry->FieldDefs().Add();
+            copy->Assign(*moved.Items(f));
+            places.emplace_back(copy, moved.Items(f)->FieldIndex());
+        }
+        if (made->Index() < entry->Index())
+            tables.Move(entry->Index(), made->Index());
+        tables.Delete(made->Index());
+        for (const auto& [field, index] : places)
+            field->SetFieldIndex(index);
+    }
+    FNamedByAlias.clear();
 }
 
 // The table the unqualified columns of the select list went to before FROM named any.

@@ -233,6 +233,7 @@ void TVdSelectParser::DoParse()
     FUnqualified.clear();
     FLentTables.clear();
     FFromTables.clear();
+    FNamedByAlias.clear();
     try {
         Scanner().SetExpression(std::move(text));
         RaiseIfUnterminated();

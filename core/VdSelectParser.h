@@ -195,6 +195,7 @@ private:
     void CollectNames(bool ordered);
     TVdTableDef* ResolveTable(const std::string& name, const std::string* alias);
     TVdTableDef* UnnamedTable() const;
+    void MergeQualifierTables();
     static bool NamesColumn(const TVdFunctionDef& node);
     std::string PrintableAlias(const std::string& alias) const;
     TVdTableDef* AddTable(const std::string& name, const std::string& alias);
@@ -230,6 +231,8 @@ private:
     std::unordered_map<std::string, TVdTableDef*> FLentTables;
     // The tables FROM entries have taken so far: a later entry never takes one again.
     std::unordered_set<const TVdTableDef*> FFromTables;
+    // FROM entries found by an alias a qualifier made, with their names (MergeQualifierTables).
+    std::vector<std::pair<TVdTableDef*, std::string>> FNamedByAlias;
     void CopyField(const TVdFieldDef& field, bool hasAlias, const std::string& alias,
                    TVdTableDef& target);
 };

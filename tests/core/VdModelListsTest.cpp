@@ -553,3 +553,30 @@ TEST(VdTableDef, AssignCopiesNameAliasTypeFieldsAndJoins)
     EXPECT_EQ(dst->JoinDefs().Items(0)->GetTableDef(), dst);
     EXPECT_EQ(p.TableDefs().GetFieldCount(), 4);
 }
+
+// Moving an item: the items between shift by one, every position is renumbered, a position
+// out of range moves nothing.
+TEST(VdCollectionMove, ItemsBetweenShiftByOne)
+{
+    TVdSelectParser parser;
+    TVdCriterions& list = parser.WhereItems();
+    for (int i = 0; i < 5; ++i)
+        list.Add()->LeftSide().SetName("A" + std::to_string(i));
+    const auto names = [&list] {
+        std::string result;
+        for (int i = 0; i < list.Count(); ++i) {
+            EXPECT_EQ(list.Items(i)->Index(), i);
+            result += list.Items(i)->LeftSide().Name() + " ";
+        }
+        return result;
+    };
+    list.Move(3, 1);
+    EXPECT_EQ(names(), "A0 A3 A1 A2 A4 ");
+    list.Move(0, 4);
+    EXPECT_EQ(names(), "A3 A1 A2 A4 A0 ");
+    list.Move(2, 2);
+    EXPECT_EQ(names(), "A3 A1 A2 A4 A0 ");
+    EXPECT_THROW(list.Move(5, 0), EVdListError);
+    EXPECT_THROW(list.Move(0, -1), EVdListError);
+    EXPECT_EQ(names(), "A3 A1 A2 A4 A0 ");
+}

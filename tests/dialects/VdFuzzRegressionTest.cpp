@@ -467,6 +467,13 @@ INSTANTIATE_TEST_SUITE_P(
         TCase{"GenericQuotedSpellingOfAliasOfSameTable", TSetting::Generic,
               "SELECT a FROM T X, T \"X\"",
               "SELECT \r\n  \"X\".\"a\"\r\nFROM\r\n  \"T\" \"X\"\r\n"},
+        // SELECT d., A., D FROM A, d O: the qualifier d made a table that d O took by its name;
+        // its columns print with O, which made a table of its own on reading back, after A:
+        // the two are one table once FROM is read, where the first of them stood.
+        TCase{"Firebird1ExpressionAndColumnOfTableTakenByName", TSetting::Firebird1,
+              "select d.,A.,D FROM A,d O",
+              "SELECT \r\n  d. AS FIELD_1,\r\n  A. AS FIELD_2,\r\n  O.D,\r\n  A.D AS D1\r\nFROM\r\n"
+              "  D O,\r\n  A\r\n"},
         TCase{"Firebird1NonAsciiWordTwice", TSetting::Firebird1, "select 1,\xC1,\xC1",
               "SELECT \r\n  1 AS FIELD_1,\r\n  \xC1,\r\n  \xC1 AS FIELD_2"}),
     [](const ::testing::TestParamInfo<TCase>& info) { return std::string(info.param.Name); });

@@ -1,0 +1,1 @@
+select d.,A.,D FROM A,d O
