@@ -251,17 +251,22 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
         // SELECT D., O.A FROM D O: the qualifier D may have made a table of its own as well.
         if (table && table->Name().empty() && !FFromTables.count(table))
             FNamedByAlias.emplace_back(table, name);
+        // A quoted alias ("A1") that a qualifier of the select list named as a name (A1) is
+        // the alias itself, in both steps that look at it.
+        const bool quoted = alias->size() > 2 && alias->front() == Scanner().GetIdentQuote() &&
+                            alias->back() == alias->front();
+        const std::string spelled = quoted ? ReadBack(Scanner(), *alias) : std::string();
         bool refused = false;
         if (!table)
             table = GiveBackLentTable(name, *alias, refused);
+        if (!table && !refused && !spelled.empty())
+            table = GiveBackLentTable(name, spelled, refused);
         if (refused)
             return nullptr;
-        // A quoted alias ("A1") that a qualifier of the select list named as a name (A1): the
-        // alias itself, before any step that looks past it, and like it refused where it is
-        // an earlier entry's alias of another name (FROM A X, B "X").
-        if (!table && alias->size() > 2 && alias->front() == Scanner().GetIdentQuote() &&
-            alias->back() == alias->front()) {
-            table = tables.FindByAlias(ReadBack(Scanner(), *alias));
+        // Before any step that looks past the alias, and like it refused where it is an earlier
+        // entry's alias of another name (FROM A X, B "X").
+        if (!table && !spelled.empty()) {
+            table = tables.FindByAlias(spelled);
             if (otherTable(table))
                 return nullptr;
         }

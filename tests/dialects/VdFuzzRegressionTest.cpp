@@ -218,6 +218,11 @@ TEST(FuzzRegression, NameThatQualifiesTwoTablesRefused)
               "Invalid token 'X' at position 24 of line 1.");
     EXPECT_EQ(Refusal(TSetting::Generic, "SELECT I FROM '1' \"a\\\", \"a\\\""),
               "Invalid token 'a\\' at position 26 of line 1.");
+    // A procedure's call cannot give the qualifier's table to the later entry it names, also
+    // by the quoted spelling of its alias.
+    EXPECT_EQ(Refusal(TSetting::Generic,
+                      "SELECT COUNT(\"T2\".T2) + 1, N FROM T2(:p) 'ORDER', 'a' \"T2\""),
+              "Invalid token 'T2' at position 56 of line 1.");
     EXPECT_EQ(Refusal(TSetting::Generic, "SELECT A FROM T, T"),
               "accepted, printed as\nSELECT \r\n  \"T\".\"A\"\r\nFROM\r\n  \"T\"\r\n");
 }
