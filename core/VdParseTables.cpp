@@ -239,14 +239,18 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
     const auto otherTable = [this, &name](TVdTableDef* table) {
         return table && FFromTables.count(table) && table->Name() != name;
     };
-    // The same for the quoted spelling of a plain alias: FROM A "X", B X or FROM A "X", X.
-    const auto quotedOther = [&](const std::string& plain) {
-        return otherTable(tables.FindByAlias(Scanner().QuotedName(plain)));
+    // An alias is found in its quoted spelling too ("X" for X), among the tables FROM took:
+    // FROM A "X", B X is refused, FROM T "X", T X names one table.
+    const auto byAlias = [&](const std::string& text) {
+        if (TVdTableDef* table = tables.FindByAlias(text))
+            return table;
+        TVdTableDef* spelled = tables.FindByAlias(Scanner().QuotedName(text));
+        return spelled && FFromTables.count(spelled) ? spelled : nullptr;
     };
     TVdTableDef* table = nullptr;
     if (alias) {
-        table = tables.FindByAlias(*alias);
-        if (otherTable(table) || (!table && quotedOther(*alias)))
+        table = byAlias(*alias);
+        if (otherTable(table))
             return nullptr;
         // SELECT D., O.A FROM D O: the qualifier D may have made a table of its own as well.
         if (table && table->Name().empty() && !FFromTables.count(table))
@@ -293,8 +297,8 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
             table->SetName(name);
         return table;
     }
-    table = tables.FindByAlias(name);
-    if (otherTable(table) || (!table && quotedOther(name)))
+    table = byAlias(name);
+    if (otherTable(table))
         return nullptr;
     if (!table)
         table = untaken(tables.FindByAlias(std::string()));

@@ -223,6 +223,9 @@ TEST(FuzzRegression, NameThatQualifiesTwoTablesRefused)
     EXPECT_EQ(Refusal(TSetting::Generic,
                       "SELECT COUNT(\"T2\".T2) + 1, N FROM T2(:p) 'ORDER', 'a' \"T2\""),
               "Invalid token 'T2' at position 56 of line 1.");
+    // The quoted spelling of the alias of the same table is that table (as T, T is one).
+    EXPECT_EQ(Refusal(TSetting::Generic, "SELECT N FROM T \"T\", T"),
+              "accepted, printed as\nSELECT \r\n  \"T\".\"N\"\r\nFROM\r\n  \"T\" \"T\"\r\n");
     EXPECT_EQ(Refusal(TSetting::Generic, "SELECT A FROM T, T"),
               "accepted, printed as\nSELECT \r\n  \"T\".\"A\"\r\nFROM\r\n  \"T\"\r\n");
 }
