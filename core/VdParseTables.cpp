@@ -223,85 +223,44 @@ void TVdSelectParser::DoParseTableDefs()
     }
 }
 
-// Finds the table a FROM entry stands for: the select list has already made tables known
-// only by alias (qualified fields) or with an empty alias (unqualified fields).
-TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::string* alias)
+// A table an earlier FROM entry took is that entry's. An entry whose alias (or name, when it
+// has none) is the alias of an earlier entry of another name would qualify two tables
+// (FROM A E, B E or FROM A E, E): refused. Of the same name it is that table again (FROM T, T),
+// as documented. The steps that look past the alias never take a table an earlier entry took
+// (FROM T, T X names two tables).
+TVdTableDef* TVdSelectParser::Untaken(TVdTableDef* table) const
+{
+    return table && !FFromTables.count(table) ? table : nullptr;
+}
+
+bool TVdSelectParser::TakenByOther(const TVdTableDef* table, const std::string& name) const
+{
+    return table && FFromTables.count(table) && table->Name() != name;
+}
+
+// An alias is found in its quoted spelling too ("X" for X), among the tables FROM took:
+// FROM A "X", B X is refused, FROM T "X", T X names one table.
+TVdTableDef* TVdSelectParser::FindEntryAlias(const std::string& alias) const
 {
     TVdTableDefs& tables = TableDefs();
-    // A table an earlier FROM entry took is that entry's. An entry whose alias (or name, when
-    // it has none) is the alias of an earlier entry of another name would qualify two tables
-    // (FROM A E, B E or FROM A E, E): refused (null). Of the same name it is that table again
-    // (FROM T, T), as documented. The steps that look past the alias never take a table an
-    // earlier entry took (FROM T, T X names two tables).
-    const auto untaken = [this](TVdTableDef* table) {
-        return table && !FFromTables.count(table) ? table : nullptr;
-    };
-    const auto otherTable = [this, &name](TVdTableDef* table) {
-        return table && FFromTables.count(table) && table->Name() != name;
-    };
-    // An alias is found in its quoted spelling too ("X" for X), among the tables FROM took:
-    // FROM A "X", B X is refused, FROM T "X", T X names one table.
-    const auto byAlias = [&](const std::string& text) {
-        if (TVdTableDef* table = tables.FindByAlias(text))
-            return table;
-        TVdTableDef* spelled = tables.FindByAlias(Scanner().QuotedName(text));
-        return spelled && FFromTables.count(spelled) ? spelled : nullptr;
-    };
-    TVdTableDef* table = nullptr;
-    if (alias) {
-        table = byAlias(*alias);
-        if (otherTable(table))
-            return nullptr;
-        // SELECT D., O.A FROM D O: the qualifier D may have made a table of its own as well.
-        if (table && table->Name().empty() && !FFromTables.count(table))
-            FNamedByAlias.emplace_back(table, name);
-        // A quoted alias ("A1") that a qualifier of the select list named as a name (A1) is
-        // the alias itself, in both steps that look at it.
-        const bool quoted = alias->size() > 2 && alias->front() == Scanner().GetIdentQuote() &&
-                            alias->back() == alias->front();
-        const std::string spelled = quoted ? ReadBack(Scanner(), *alias) : std::string();
-        bool refused = false;
-        if (!table)
-            table = GiveBackLentTable(name, *alias, refused);
-        if (!table && !refused && !spelled.empty())
-            table = GiveBackLentTable(name, spelled, refused);
-        if (refused)
-            return nullptr;
-        // Before any step that looks past the alias, and like it refused where it is an earlier
-        // entry's alias of another name (FROM A X, B "X").
-        if (!table && !spelled.empty()) {
-            table = tables.FindByAlias(spelled);
-            if (otherTable(table))
-                return nullptr;
-        }
-        // The name used as an alias finds a table a qualifier made, not one an earlier FROM
-        // entry named otherwise (T2 WZB, WZB W: the second is a table of its own).
-        if (!table) {
-            TVdTableDef* byAlias = untaken(tables.FindByAlias(name));
-            if (byAlias && (byAlias->Name().empty() || byAlias->Name() == name)) {
-                table = byAlias;
-                FLentTables.emplace(name, table);
-            }
-        }
-        if (!table) {
-            TVdTableDef* byName = untaken(tables.FindByName(name));
-            if (byName && (byName->Alias().empty() || byName->Alias() == name))
-                table = byName;
-        }
-        if (!table)
-            table = UnnamedTable();
-        if (!table)
-            return AddTable(name, *alias);
-        table->SetAlias(*alias);
-        if (table->Name().empty())
-            table->SetName(name);
+    if (TVdTableDef* table = tables.FindByAlias(alias))
         return table;
-    }
-    table = byAlias(name);
-    if (otherTable(table))
+    TVdTableDef* spelled = tables.FindByAlias(Scanner().QuotedName(alias));
+    return spelled && FFromTables.count(spelled) ? spelled : nullptr;
+}
+
+// Finds the table a FROM entry stands for: the select list has already made tables known
+// only by alias (qualified fields) or with an empty alias (unqualified fields). Null where the
+// entry is refused.
+TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::string* alias)
+{
+    if (alias)
+        return ResolveAliasedTable(name, *alias);
+    TVdTableDef* table = FindEntryAlias(name);
+    if (TakenByOther(table, name))
         return nullptr;
     if (!table)
-        table = untaken(tables.FindByAlias(std::string()));
+        table = Untaken(TableDefs().FindByAlias(std::string()));
     bool refused = false;
     if (!table)
         table = GiveBackLentTable(name, name, refused);
@@ -310,6 +269,58 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
     if (!table)
         return AddTable(name, name);
     table->SetName(name);
+    return table;
+}
+
+TVdTableDef* TVdSelectParser::ResolveAliasedTable(const std::string& name, const std::string& alias)
+{
+    TVdTableDefs& tables = TableDefs();
+    TVdTableDef* table = FindEntryAlias(alias);
+    if (TakenByOther(table, name))
+        return nullptr;
+    // SELECT D., O.A FROM D O: the qualifier D may have made a table of its own as well.
+    if (table && table->Name().empty() && !FFromTables.count(table))
+        FNamedByAlias.emplace_back(table, name);
+    // A quoted alias ("A1") that a qualifier of the select list named as a name (A1) is the
+    // alias itself, in both steps that look at it.
+    const bool quoted = alias.size() > 2 && alias.front() == Scanner().GetIdentQuote() &&
+                        alias.back() == alias.front();
+    const std::string spelled = quoted ? ReadBack(Scanner(), alias) : std::string();
+    bool refused = false;
+    if (!table)
+        table = GiveBackLentTable(name, alias, refused);
+    if (!table && !refused && !spelled.empty())
+        table = GiveBackLentTable(name, spelled, refused);
+    if (refused)
+        return nullptr;
+    // Before any step that looks past the alias, and like it refused where it is an earlier
+    // entry's alias of another name (FROM A X, B "X").
+    if (!table && !spelled.empty()) {
+        table = tables.FindByAlias(spelled);
+        if (TakenByOther(table, name))
+            return nullptr;
+    }
+    // The name used as an alias finds a table a qualifier made, not one an earlier FROM entry
+    // named otherwise (T2 WZB, WZB W: the second is a table of its own).
+    if (!table) {
+        TVdTableDef* byAlias = Untaken(tables.FindByAlias(name));
+        if (byAlias && (byAlias->Name().empty() || byAlias->Name() == name)) {
+            table = byAlias;
+            FLentTables.emplace(name, table);
+        }
+    }
+    if (!table) {
+        TVdTableDef* byName = Untaken(tables.FindByName(name));
+        if (byName && (byName->Alias().empty() || byName->Alias() == name))
+            table = byName;
+    }
+    if (!table)
+        table = UnnamedTable();
+    if (!table)
+        return AddTable(name, alias);
+    table->SetAlias(alias);
+    if (table->Name().empty())
+        table->SetName(name);
     return table;
 }
 

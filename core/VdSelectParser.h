@@ -194,6 +194,10 @@ private:
     TVdSQLScanner& MakeScanner() const;
     void CollectNames(bool ordered);
     TVdTableDef* ResolveTable(const std::string& name, const std::string* alias);
+    TVdTableDef* ResolveAliasedTable(const std::string& name, const std::string& alias);
+    TVdTableDef* Untaken(TVdTableDef* table) const;
+    bool TakenByOther(const TVdTableDef* table, const std::string& name) const;
+    TVdTableDef* FindEntryAlias(const std::string& alias) const;
     TVdTableDef* UnnamedTable() const;
     void MergeQualifierTables();
     static bool NamesColumn(const TVdFunctionDef& node);
