@@ -135,6 +135,7 @@ bool TVdExpressionReader::ReadQualified(TVdFunctionDef& node, TVdTableDef*& tabl
     const bool parameter = Context == TVdExprContext::Parameter;
     const auto written = [this] { return S.TokenQuoted() ? S.RawToken() : P.NameText(); };
     std::string asWritten = parameter ? written() : std::string();
+    const TVdSQLScanner::TState atQualifier = S.SaveState();
     std::string qualifier = P.NameText();
     std::string keptQualifier = P.QuotedPartText(qualifier);
     std::string qualifierAlias = P.AliasText();
@@ -182,6 +183,13 @@ bool TVdExpressionReader::ReadQualified(TVdFunctionDef& node, TVdTableDef*& tabl
         else
             qualifier = P.DottedNameText(qualifier, keptQualifier);
         qualifierAlias = qualifier;
+    }
+    // An empty qualifier names the table of the unqualified columns, whose star prints bare:
+    // "".* beside other items would not read back. Refused at the qualifier.
+    if (Context == TVdExprContext::SelectList && star && qualifier.empty()) {
+        S.RestoreState(atQualifier);
+        P.Fail();
+        return true;
     }
     if (Context == TVdExprContext::SelectList)
         table = QualifierTable(qualifierAlias, qualifier);

@@ -176,6 +176,11 @@ TEST(FuzzRegression, QuotedStarNameRefused)
               "Invalid token '*' at position 11 of line 1.");
     EXPECT_EQ(Refusal(TSetting::Generic, "SELECT \"*\", A FROM t"),
               "Invalid token '*' at position 9 of line 1.");
+    // An empty qualifier names the table of the unqualified columns: "".* printed as a bare
+    // star, which beside other items did not read back.
+    EXPECT_EQ(Refusal(TSetting::InterBase3, "SELECT\"\".*, ;.U"), "Unexpected end of statement.");
+    EXPECT_EQ(Print(TSetting::Generic, "SELECT \"\".A FROM T"),
+              "SELECT \r\n  \"T\".\"A\"\r\nFROM\r\n  \"T\"\r\n");
     // A string "*" is a string, the star a star.
     EXPECT_EQ(Print(TSetting::MySQL, "SELECT \"*\" FROM t"),
               "SELECT \r\n  '*'\r\nFROM\r\n  `t`\r\n");
