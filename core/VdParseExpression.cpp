@@ -179,7 +179,8 @@ bool TVdExpressionReader::ReadQualified(TVdFunctionDef& node, TVdTableDef*& tabl
     // "Q".".", not the table "Q."."" that Q.. would be).
     if (dotted) {
         if (Context == TVdExprContext::SelectList)
-            qualifier = P.DottedNameText(P.TableNameText(qualifier), P.TableNameText(keptQualifier));
+            qualifier =
+                P.DottedNameText(P.TableNameText(qualifier), P.TableNameText(keptQualifier));
         else
             qualifier = P.DottedNameText(qualifier, keptQualifier);
         qualifierAlias = qualifier;

@@ -6,13 +6,6 @@ namespace vd {
 
 namespace {
 
-// Whether the scanner reads quote, body, quote as one quoted text: no quote inside closes it
-// and the last one does. Where a backslash escapes a quote (MySQL), `\``` does not close.
-bool ClosesAtEnd(const TVdSQLScanner& scanner, std::string_view body, char quote)
-{
-    return scanner.ClosingQuote(std::string(body) + quote, quote, ' ') == body.size();
-}
-
 // What the scanner reads back from a printed name: the content of a name in identifier
 // quotes, or an unquoted word as the dialect reads it; empty when the text would not read
 // back as one name (a keyword, a function name, several tokens).
@@ -21,8 +14,7 @@ std::string ReadBack(const TVdSQLScanner& scanner, const std::string& printed)
     const char first = printed.empty() ? '\0' : printed.front();
     if (printed.size() >= 2 && printed.back() == first && scanner.IsIdentQuote(first)) {
         const std::string_view body = std::string_view(printed).substr(1, printed.size() - 2);
-        return ClosesAtEnd(scanner, body, first) ? text::UndoubleQuotes(body, first)
-                                                 : std::string();
+        return scanner.ClosesAtEnd(body, first) ? text::UndoubleQuotes(body, first) : std::string();
     }
     if (scanner.IsKeyword(printed) || scanner.IsFunction(printed))
         return std::string();
@@ -340,8 +332,10 @@ void TVdSelectParser::MergeQualifierTables()
         // renumber the columns behind its own.
         std::vector<std::pair<TVdFieldDef*, int>> places;
         for (int t = 0; t < tables.Count(); ++t) {
+            if (tables.Items(t) == made)
+                continue;
             TVdFieldDefs& fields = tables.Items(t)->FieldDefs();
-            for (int f = 0; f < fields.Count() && tables.Items(t) != made; ++f)
+            for (int f = 0; f < fields.Count(); ++f)
                 places.emplace_back(fields.Items(f), fields.Items(f)->FieldIndex());
         }
         const TVdFieldDefs& moved = made->FieldDefs();

@@ -162,6 +162,11 @@ size_t TVdSQLScanner::ClosingQuote(std::string_view text, char quote, int after)
     return std::string_view::npos;
 }
 
+bool TVdSQLScanner::ClosesAtEnd(std::string_view body, char quote) const
+{
+    return ClosingQuote(std::string(body) + quote, quote, ' ') == body.size();
+}
+
 bool TVdSQLScanner::IsTerminator(char c, const std::string& text, char quote, int next) const
 {
     if (c != quote)

@@ -109,6 +109,9 @@ public:
     // (a doubled quote does not, nor in MySQL a quote after a backslash), or npos when it
     // stays open. text starts after the opening quote; after is the character behind it.
     size_t ClosingQuote(std::string_view text, char quote, int after) const;
+    // Whether quote, body, quote reads as one quoted text: no quote inside closes it and the
+    // last one does (in MySQL `\`` does not close).
+    bool ClosesAtEnd(std::string_view body, char quote) const;
     virtual char GetIdentQuote() const;
     virtual bool GetProcessAliases() const;
     virtual bool GetQuoteIdentifiers() const;

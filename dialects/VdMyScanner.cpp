@@ -62,7 +62,7 @@ bool TVdMySQLScanner::ReadsBackAsString(const std::string& body) const
     const char quote = '\'';
     if (!body.empty() && body[0] == quote && (body.size() == 1 || body[1] != quote))
         return false;
-    return ClosingQuote(body + quote, quote, ' ') == body.size();
+    return ClosesAtEnd(body, quote);
 }
 
 void TVdMySQLScanner::AppendQuotedName(std::string& out, std::string_view name) const

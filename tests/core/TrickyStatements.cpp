@@ -12,15 +12,15 @@ namespace {
 // Words with the troubles names bring: letter case, keywords, function names, generated
 // alias names, blanks, dots, quotes, backslashes, digits, "$".
 constexpr std::array<std::string_view, 40> Words = {
-    "A",    "B",     "T",   "U",      "K",     "X",     "a",  "b",   "t",  "x",
-    "id",   "Name",  "ORDER", "From", "select", "count", "MIN", "T2", "A1", "FIELD_1",
-    "my t", "a.b",   ".",   "",       " ",     "e.",    "\\", "a\\", "`",  "a`b",
-    "'",    "\"",    "1",   "_x",     "$",     "Y1",    "RDB$X", "AS", "ON", "JOIN"};
+    "A",    "B",    "T",     "U",    "K",      "X",     "a",     "b",   "t",  "x",
+    "id",   "Name", "ORDER", "From", "select", "count", "MIN",   "T2",  "A1", "FIELD_1",
+    "my t", "a.b",  ".",     "",     " ",      "e.",    "\\",    "a\\", "`",  "a`b",
+    "'",    "\"",   "1",     "_x",   "$",      "Y1",    "RDB$X", "AS",  "ON", "JOIN"};
 
 // Words any dialect reads as a plain name.
-constexpr std::array<std::string_view, 17> PlainWords = {"A", "B", "T", "U", "K", "X", "a",
-                                                         "b", "t", "x", "id", "Name", "T2",
-                                                         "A1", "FIELD_1", "_x", "Y1"};
+constexpr std::array<std::string_view, 17> PlainWords = {"A",  "B",  "T",       "U",  "K",  "X",
+                                                         "a",  "b",  "t",       "x",  "id", "Name",
+                                                         "T2", "A1", "FIELD_1", "_x", "Y1"};
 
 class TGenerator
 {
@@ -32,8 +32,7 @@ public:
 private:
     int Below(int n) { return int(Rng() % unsigned(n)); }
     bool Chance(int percent) { return Below(100) < percent; }
-    template<typename T, size_t N>
-    std::string_view Pick(const std::array<T, N>& items)
+    template <typename T, size_t N> std::string_view Pick(const std::array<T, N>& items)
     {
         return items[size_t(Below(int(N)))];
     }
@@ -105,7 +104,7 @@ std::string TGenerator::Column(int depth)
     if (roll < 60 || depth > 3)
         return Name();
     if (roll < 75) {
-        static constexpr std::array<std::string_view, 6> Calls = {"MIN", "MAX", "SUM",
+        static constexpr std::array<std::string_view, 6> Calls = {"MIN",   "MAX", "SUM",
                                                                   "COUNT", "AVG", "F"};
         std::string call = std::string(Pick(Calls)) + "(" + Column(depth + 1);
         if (Chance(50))
@@ -113,8 +112,7 @@ std::string TGenerator::Column(int depth)
         return call + ")";
     }
     if (roll < 85) {
-        static constexpr std::array<std::string_view, 4> Operations = {" + ", " - ", " * ",
-                                                                       " || "};
+        static constexpr std::array<std::string_view, 4> Operations = {" + ", " - ", " * ", " || "};
         return Column(depth + 1) + std::string(Pick(Operations)) + Column(depth + 1);
     }
     static constexpr std::array<std::string_view, 4> Literals = {"1", "'s'", "2.5", "NULL"};
@@ -142,8 +140,7 @@ std::string TGenerator::Condition(int depth)
     default:
         break;
     }
-    static constexpr std::array<std::string_view, 4> Comparisons = {" = ", " <> ", " < ",
-                                                                    " >= "};
+    static constexpr std::array<std::string_view, 4> Comparisons = {" = ", " <> ", " < ", " >= "};
     static constexpr std::array<std::string_view, 3> Values = {"1", "'v'", ":p"};
     const std::string right = Chance(40) ? Column(2) : std::string(Pick(Values));
     return operand + (Chance(15) ? std::string(" LIKE ") : std::string(Pick(Comparisons))) + right;
@@ -162,11 +159,11 @@ std::string TGenerator::Statement()
         Qualifiers.push_back(Dotted(2)); // a qualifier no entry gives
     // The clauses of every dialect, each refused where its dialect is not the parser's.
     static constexpr std::array<std::string_view, 10> Heads = {
-        "DISTINCT ",      "FIRST 5 ", "FIRST 1 SKIP 2 ", "SKIP 3 ",      "STRAIGHT_JOIN ",
-        "SQL_BIG_RESULT ", "ALL ",    "DISTINCTROW ",    "HIGH_PRIORITY ", "FIRST 2 DISTINCT "};
+        "DISTINCT ",       "FIRST 5 ", "FIRST 1 SKIP 2 ", "SKIP 3 ",        "STRAIGHT_JOIN ",
+        "SQL_BIG_RESULT ", "ALL ",     "DISTINCTROW ",    "HIGH_PRIORITY ", "FIRST 2 DISTINCT "};
     static constexpr std::array<std::string_view, 6> Tails = {
-        " ROWS 5", " ROWS 1 TO 5", " ROWS 2 TO 8 BY 3 PERCENT WITH TIES", " LIMIT 5",
-        " LIMIT 2, 5", " ROWS 3 WITH TIES"};
+        " ROWS 5",  " ROWS 1 TO 5", " ROWS 2 TO 8 BY 3 PERCENT WITH TIES",
+        " LIMIT 5", " LIMIT 2, 5",  " ROWS 3 WITH TIES"};
     std::string text = "SELECT " + std::string(Chance(25) ? Pick(Heads) : "");
     for (int i = 0, n = 1 + Below(4); i < n; ++i) {
         text += (i ? ", " : "") + Column(0);
@@ -176,11 +173,10 @@ std::string TGenerator::Statement()
     text += " FROM " + entries[0];
     for (size_t i = 1; i < entries.size(); ++i) {
         if (Chance(40)) {
-            static constexpr std::array<std::string_view, 5> Kinds = {
-                "INNER", "LEFT", "LEFT OUTER", "RIGHT", "FULL OUTER"};
+            static constexpr std::array<std::string_view, 5> Kinds = {"INNER", "LEFT", "LEFT OUTER",
+                                                                      "RIGHT", "FULL OUTER"};
             text += " " + std::string(Pick(Kinds)) + " JOIN " + entries[i] + " ON (" +
-                    Pick(Qualifiers) + "." + Name() + " = " + Pick(Qualifiers) + "." + Name() +
-                    ")";
+                    Pick(Qualifiers) + "." + Name() + " = " + Pick(Qualifiers) + "." + Name() + ")";
         } else {
             text += ", " + entries[i];
         }
@@ -196,8 +192,8 @@ std::string TGenerator::Statement()
     }
     if (Chance(30)) {
         static constexpr std::array<std::string_view, 3> Orders = {"", " DESC", " ASC"};
-        text += " ORDER BY " + (Chance(50) ? Column(1) : std::string("1")) +
-                std::string(Pick(Orders));
+        text +=
+            " ORDER BY " + (Chance(50) ? Column(1) : std::string("1")) + std::string(Pick(Orders));
         if (Chance(50))
             text += ", " + Column(1);
     }
@@ -208,9 +204,6 @@ std::string TGenerator::Statement()
 
 } // namespace
 
-std::string TrickyStatement(std::mt19937& rng)
-{
-    return TGenerator(rng).Statement();
-}
+std::string TrickyStatement(std::mt19937& rng) { return TGenerator(rng).Statement(); }
 
 } // namespace vdtest

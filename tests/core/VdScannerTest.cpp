@@ -1679,3 +1679,12 @@ TEST(VdClosingQuote, TextWithoutClosingQuoteStaysOpen)
     EXPECT_EQ(s.ClosingQuote("abc", '\'', ' '), std::string_view::npos);
     EXPECT_EQ(s.ClosingQuote("a\"b", '\'', ' '), std::string_view::npos);
 }
+
+TEST(VdClosingQuote, ClosesAtEndWhenOnlyTheLastQuoteCloses)
+{
+    TVdSQLScanner s;
+    EXPECT_TRUE(s.ClosesAtEnd("a''b", '\''));
+    EXPECT_TRUE(s.ClosesAtEnd("", '"'));
+    EXPECT_FALSE(s.ClosesAtEnd("a'b", '\''));
+    EXPECT_FALSE(s.ClosesAtEnd("a'", '\''));
+}

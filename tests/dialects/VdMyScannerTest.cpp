@@ -977,3 +977,10 @@ TEST(MyScannerClosingQuote, QuoteAfterBackslashIsContent)
     // A doubled quote is content here too.
     EXPECT_EQ(s.ClosingQuote("a''b'", '\'', ' '), 4u);
 }
+
+TEST(MyScannerClosingQuote, ClosesAtEndPastAnEscapedQuote)
+{
+    TVdMySQLScanner s;
+    EXPECT_TRUE(s.ClosesAtEnd("a\\'", '\''));
+    EXPECT_FALSE(s.ClosesAtEnd("a'b", '\''));
+}

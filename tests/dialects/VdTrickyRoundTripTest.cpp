@@ -105,10 +105,9 @@ std::vector<TTrickyCase> TrickyCases()
 
 } // namespace
 
-INSTANTIATE_TEST_SUITE_P(
-    AllSettings, TrickyRoundTrip, ::testing::ValuesIn(TrickyCases()),
-    [](const ::testing::TestParamInfo<TTrickyCase>& info) {
-        return std::string(vdtest::SettingName(info.param.Setting)) +
-               (info.param.QuoteIdentifiers ? "_quoted" : "_unquoted") +
-               (info.param.Format == qfmAsIs ? "" : "_firstupper");
-    });
+INSTANTIATE_TEST_SUITE_P(AllSettings, TrickyRoundTrip, ::testing::ValuesIn(TrickyCases()),
+                         [](const ::testing::TestParamInfo<TTrickyCase>& info) {
+                             return std::string(vdtest::SettingName(info.param.Setting)) +
+                                    (info.param.QuoteIdentifiers ? "_quoted" : "_unquoted") +
+                                    (info.param.Format == qfmAsIs ? "" : "_firstupper");
+                         });
