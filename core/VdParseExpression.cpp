@@ -78,6 +78,7 @@ TVdTableDef* TVdExpressionReader::QualifierTable(const std::string& aliasText,
 bool TVdExpressionReader::ReadCall(TVdFunctionDef& node, TVdTableDef*& table)
 {
     const std::string name = S.Token();
+    const int start = S.TokenStart();
     Consume();
     if (P.FNesting >= TVdSelectParser::MaxNesting) {
         P.Fail();
@@ -89,7 +90,7 @@ bool TVdExpressionReader::ReadCall(TVdFunctionDef& node, TVdTableDef*& table)
         int& Depth;
         ~TLeave() { --Depth; }
     } leave{P.FNesting};
-    TVdTableDef* argTable = nullptr;
+    std::vector<TVdTableDef*> argTables;
     bool mixed = false;
     if (!P.IsDelimToken(')')) {
         for (;;) {
@@ -102,9 +103,8 @@ bool TVdExpressionReader::ReadCall(TVdFunctionDef& node, TVdTableDef*& table)
             // its unqualified arguments print with that table, which then is named first on
             // reading back too, as it was here.
             if (t) {
-                mixed = mixed || (argTable && argTable != t);
-                if (!argTable)
-                    argTable = t;
+                mixed = mixed || (!argTables.empty() && argTables.front() != t);
+                argTables.push_back(t);
             }
             if (P.IsDelimToken(',')) {
                 Consume();
@@ -118,7 +118,11 @@ bool TVdExpressionReader::ReadCall(TVdFunctionDef& node, TVdTableDef*& table)
         }
     }
     Consume(); // ")"
-    table = argTable;
+    table = argTables.empty() ? nullptr : argTables.front();
+    if (mixed && P.FOneTableCalls.count(start))
+        mixed = false;
+    else if (mixed && AtStop(0))
+        P.FMixedCalls.push_back({start, std::move(argTables)});
     if (mixed || !AtStop(0)) {
         node.Arguments().Clear();
         return false;

@@ -2,6 +2,8 @@
 #include "core/VdScriptText.h"
 #include "core/VdSelectParser.h"
 
+#include <algorithm>
+
 namespace vd {
 
 namespace {
@@ -279,12 +281,17 @@ TVdTableDef* TVdSelectParser::ResolveAliasedTable(const std::string& name, const
                         alias.back() == alias.front();
     const std::string spelled = quoted ? ReadBack(Scanner(), alias) : std::string();
     bool refused = false;
+    TVdTableDef* const foundByAlias = table;
     if (!table)
         table = GiveBackLentTable(name, alias, refused);
     if (!table && !refused && !spelled.empty())
         table = GiveBackLentTable(name, spelled, refused);
     if (refused)
         return nullptr;
+    // A table given back is found by the alias too: SELECT D.*, T.A FROM D T ... where the
+    // qualifier D made a table of its own as well.
+    if (table && table != foundByAlias)
+        FNamedByAlias.emplace_back(table, name);
     // Before any step that looks past the alias, and like it refused where it is an earlier
     // entry's alias of another name (FROM A X, B "X").
     if (!table && !spelled.empty()) {
@@ -324,10 +331,12 @@ TVdTableDef* TVdSelectParser::ResolveAliasedTable(const std::string& name, const
 void TVdSelectParser::MergeQualifierTables()
 {
     TVdTableDefs& tables = TableDefs();
+    std::unordered_map<TVdTableDef*, TVdTableDef*> merged;
     for (const auto& [entry, name] : FNamedByAlias) {
         TVdTableDef* made = tables.FindByAlias(name);
         if (!made || made == entry || !made->Name().empty() || FFromTables.count(made))
             continue;
+        merged.emplace(made, entry);
         // The indexes are taken before and given back after the made table goes, which would
         // renumber the columns behind its own.
         std::vector<std::pair<TVdFieldDef*, int>> places;
@@ -351,6 +360,26 @@ void TVdSelectParser::MergeQualifierTables()
             field->SetFieldIndex(index);
     }
     FNamedByAlias.clear();
+    SettleMixedCalls(merged);
+}
+
+// merged: the tables MergeQualifierTables took away, with the table each became part of.
+// Compared before any table is made again, while no address of a table gone is reused.
+void TVdSelectParser::SettleMixedCalls(
+    const std::unordered_map<TVdTableDef*, TVdTableDef*>& merged)
+{
+    const auto settled = [&merged](TVdTableDef* table) {
+        const auto it = merged.find(table);
+        return it == merged.end() ? table : it->second;
+    };
+    for (const TMixedCall& call : FMixedCalls) {
+        TVdTableDef* first = settled(call.Tables.front());
+        const bool one = std::all_of(call.Tables.begin(), call.Tables.end(),
+                                     [&](TVdTableDef* t) { return settled(t) == first; });
+        if (one)
+            FOneTableCalls.insert(call.Start);
+    }
+    FMixedCalls.clear();
 }
 
 // The table the unqualified columns of the select list went to before FROM named any.

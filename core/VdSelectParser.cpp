@@ -225,9 +225,20 @@ void TVdSelectParser::ProcessError(const std::string& token, int lineNo, int lin
 
 void TVdSelectParser::DoParse()
 {
+    FOneTableCalls.clear();
+    ParseOnce();
+    // Calls read as text that FROM showed to name one table: read again, keeping them calls.
+    // The second reading makes the same tables, so it settles no call the first did not.
+    if (FState == ssEnd && !FOneTableCalls.empty())
+        ParseOnce();
+}
+
+void TVdSelectParser::ParseOnce()
+{
     FIsValid = true;
     std::string text = Scanner().Expression();
     Clear();
+    FMixedCalls.clear();
     FState = ssBegin;
     FNesting = 0;
     FUnqualified.clear();

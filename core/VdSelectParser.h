@@ -237,6 +237,17 @@ private:
     std::unordered_set<const TVdTableDef*> FFromTables;
     // FROM entries found by an alias a qualifier made, with their names (MergeQualifierTables).
     std::vector<std::pair<TVdTableDef*, std::string>> FNamedByAlias;
+    // Calls in the select list whose arguments name tables by two qualifiers (MAX(A.X, S.Y)),
+    // by where they start. They are read as text, yet FROM can make their qualifiers one table
+    // (FROM A S): such calls are kept as calls when the statement is read again.
+    struct TMixedCall {
+        int Start;
+        std::vector<TVdTableDef*> Tables;
+    };
+    std::vector<TMixedCall> FMixedCalls;
+    std::unordered_set<int> FOneTableCalls;
+    void SettleMixedCalls(const std::unordered_map<TVdTableDef*, TVdTableDef*>& merged);
+    void ParseOnce();
     void CopyField(const TVdFieldDef& field, bool hasAlias, const std::string& alias,
                    TVdTableDef& target);
 };

@@ -487,6 +487,37 @@ INSTANTIATE_TEST_SUITE_P(
               "select d.,A.,D FROM A,d O",
               "SELECT \r\n  d. AS FIELD_1,\r\n  A. AS FIELD_2,\r\n  O.D,\r\n  A.D AS D1\r\nFROM\r\n"
               "  D O,\r\n  A\r\n"},
+        // A call over the name and the alias of one table (MAX(A.X, S.Y) ... FROM A S) is a
+        // call: the qualifiers made two tables, which FROM made one. Read as text, the print
+        // of such a call (its columns qualified by S, an expression in it as written) read
+        // back without the GROUP BY the call called for.
+        TCase{"GenericCallOverNameAndAliasOfOneTable", TSetting::Generic,
+              "SELECT N, MAX(A.X, S.Y) FROM A S",
+              "SELECT \r\n  \"S\".\"N\",\r\n  MAX(\"S\".\"X\", \"S\".\"Y\") AS FIELD_1\r\nFROM\r\n"
+              "  \"A\" S\r\nGROUP BY\r\n  \"S\".\"N\"\r\n"},
+        TCase{"GenericCallOverExpressionAndColumnOfOneTable", TSetting::Generic,
+              "SELECT N,MAX(A.,Y)FROM A S",
+              "SELECT \r\n  \"S\".\"N\",\r\n  MAX(A., \"S\".\"Y\") AS FIELD_1\r\nFROM\r\n  \"A\" S\r\n"
+              "GROUP BY\r\n  \"S\".\"N\"\r\n"},
+        // Of two tables it stays text, also around a call over one table.
+        TCase{"GenericCallOverTwoTablesStaysText", TSetting::Generic,
+              "SELECT N, MAX(A.X, B.Y) FROM A, B",
+              "SELECT \r\n  \"A\".\"N\",\r\n  MAX(A.X, B.Y) AS FIELD_1\r\nFROM\r\n  \"A\",\r\n"
+              "  \"B\"\r\n"},
+        TCase{"GenericCallOverOneTableInCallOverTwo", TSetting::Generic,
+              "SELECT N, MAX(MIN(A.X, S.Y), B.Z) FROM A S, B",
+              "SELECT \r\n  \"S\".\"N\",\r\n  MAX(MIN(A.X, S.Y), B.Z) AS FIELD_1\r\nFROM\r\n"
+              "  \"A\" S,\r\n  \"B\"\r\n"},
+        // SELECT B.*, Y.A FROM Y X, B Y: the table Y X took by its name goes back to B Y, and
+        // the table the qualifier B made is that entry's too. It stayed a table without a
+        // FROM entry, whose B.* read back as B Y's.
+        TCase{"GenericTableGivenBackTakesTheTableOfItsName", TSetting::Generic,
+              "SELECT B.*, Y.A FROM Y X, B Y",
+              "SELECT \r\n  \"Y\".*,\r\n  \"Y\".\"A\"\r\nFROM\r\n  \"B\" Y,\r\n  \"Y\" X\r\n"},
+        TCase{"Firebird3TableGivenBackBesideDottedName", TSetting::Firebird3,
+              "SELECT Y1.\"A\".T, Y1._x AS 'Name', B.*, Y1.* FROM Y1.\"A\", 'Y1' \"a\", B Y1",
+              "SELECT \r\n  Y1.A.T,\r\n  Y1._x AS \"Name\",\r\n  Y1.*,\r\n  Y1.*\r\nFROM\r\n"
+              "  Y1.A,\r\n  B Y1,\r\n  Y1 \"a\"\r\n"},
         TCase{"Firebird1NonAsciiWordTwice", TSetting::Firebird1, "select 1,\xC1,\xC1",
               "SELECT \r\n  1 AS FIELD_1,\r\n  \xC1,\r\n  \xC1 AS FIELD_2"}),
     [](const ::testing::TestParamInfo<TCase>& info) { return std::string(info.param.Name); });

@@ -1,0 +1,1 @@
+ºSELECT N,MAX(A.,Y)FROM A S

@@ -1,0 +1,1 @@
+SELECT Y1."A".T, Y1._x AS 'Name', B.*, Y1.* FROM Y1."A", 'Y1' "a", B Y1 WHERE A = F("a".'"', SUM(Y1."A".id))
