@@ -269,35 +269,37 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
 TVdTableDef* TVdSelectParser::ResolveAliasedTable(const std::string& name, const std::string& alias)
 {
     TVdTableDefs& tables = TableDefs();
+    // SELECT D., O.A FROM D O: where the alias finds the entry's table, in either spelling or
+    // given back, the qualifier D may have made a table of its own as well.
+    const auto noteFoundByAlias = [this, &name](TVdTableDef* found, bool givenBack) {
+        if (found && (givenBack || (found->Name().empty() && !FFromTables.count(found))))
+            FNamedByAlias.emplace_back(found, name);
+    };
     TVdTableDef* table = FindEntryAlias(alias);
     if (TakenByOther(table, name))
         return nullptr;
-    // SELECT D., O.A FROM D O: the qualifier D may have made a table of its own as well.
-    if (table && table->Name().empty() && !FFromTables.count(table))
-        FNamedByAlias.emplace_back(table, name);
+    noteFoundByAlias(table, false);
     // A quoted alias ("A1") that a qualifier of the select list named as a name (A1) is the
     // alias itself, in both steps that look at it.
     const bool quoted = alias.size() > 2 && alias.front() == Scanner().GetIdentQuote() &&
                         alias.back() == alias.front();
     const std::string spelled = quoted ? ReadBack(Scanner(), alias) : std::string();
     bool refused = false;
-    TVdTableDef* const foundByAlias = table;
-    if (!table)
+    if (!table) {
         table = GiveBackLentTable(name, alias, refused);
-    if (!table && !refused && !spelled.empty())
-        table = GiveBackLentTable(name, spelled, refused);
-    if (refused)
-        return nullptr;
-    // A table given back is found by the alias too: SELECT D.*, T.A FROM D T ... where the
-    // qualifier D made a table of its own as well.
-    if (table && table != foundByAlias)
-        FNamedByAlias.emplace_back(table, name);
+        if (!table && !refused && !spelled.empty())
+            table = GiveBackLentTable(name, spelled, refused);
+        if (refused)
+            return nullptr;
+        noteFoundByAlias(table, true);
+    }
     // Before any step that looks past the alias, and like it refused where it is an earlier
     // entry's alias of another name (FROM A X, B "X").
     if (!table && !spelled.empty()) {
         table = tables.FindByAlias(spelled);
         if (TakenByOther(table, name))
             return nullptr;
+        noteFoundByAlias(table, false);
     }
     // The name used as an alias finds a table a qualifier made, not one an earlier FROM entry
     // named otherwise (T2 WZB, WZB W: the second is a table of its own).
@@ -687,6 +689,10 @@ bool TVdSelectParser::ReadJoinCondition(TVdTableDef*& owner, std::string& ownerF
         if (!table)
             return refuse();
         const bool joinedSide = sides == 0 ? table == joined : joinedField.empty();
+        // The side after the owning one is the joined table's: a qualifier that names another
+        // table (ON (A.X = B.Y) in A JOIN C) would print as the joined table's.
+        if (joinedSide && table != joined)
+            return refuse();
         // A join that would print nothing (ON (A.X = B."")) is refused at the field: an empty
         // field of the owning side, or a joined field of blanks and control characters only.
         if (joinedSide ? !text::HasText(field) : field.empty()) {

@@ -235,6 +235,26 @@ TEST(FuzzRegression, NameThatQualifiesTwoTablesRefused)
               "accepted, printed as\nSELECT \r\n  \"T\".\"A\"\r\nFROM\r\n  \"T\"\r\n");
 }
 
+// The side of a join condition after the owning table's is the joined table's: a qualifier
+// that names another table there printed as the joined table's, which changed the condition
+// (Y1.T2 became "ON".T2) or the order of FROM, whose print then did not read back.
+TEST(FuzzRegression, JoinConditionWithoutTheJoinedTableRefused)
+{
+    EXPECT_EQ(Refusal(TSetting::Generic, "SELECT A.X FROM A, B INNER JOIN C ON (A.X = B.Y)"),
+              "Invalid token 'B' at position 45 of line 1.");
+    EXPECT_EQ(Refusal(TSetting::InterBase3, "SELECT 'a\\'.*, 'X', 'a\\'.`a\\` FROM Y1 INNER JOIN "
+                                            "\"a\\\" \"ON\" ON (Y1.X = Y1.T2), 'a\\'"),
+              "Invalid token 'Y1' at position 71 of line 1.");
+    EXPECT_EQ(Refusal(TSetting::MySQL, "SELECT x.\"K\".T2, U.A1 AS a FROM U, x.\"K\" LEFT JOIN "
+                                       "U('s') Y1 ON (x.\"K\".x = U.T)"),
+              "Invalid token 'U' at position 76 of line 1.");
+    // The joined table may come first.
+    const char* const joined = "accepted, printed as\nSELECT \r\n  \"A\".\"X\"\r\nFROM\r\n  \"A\" "
+                               "\r\n  INNER JOIN \"C\" ON (\"A\".\"X\" = \"C\".\"Y\")\r\n";
+    EXPECT_EQ(Refusal(TSetting::Generic, "SELECT A.X FROM A INNER JOIN C ON (C.Y = A.X)"), joined);
+    EXPECT_EQ(Refusal(TSetting::Generic, "SELECT A.X FROM A INNER JOIN C ON (A.X = C.Y)"), joined);
+}
+
 TEST_P(FuzzRegressionRoundTrip, PrintsAndReadsBack)
 {
     const TCase& c = GetParam();
@@ -422,13 +442,6 @@ INSTANTIATE_TEST_SUITE_P(
               "SELECT T.A + 1 FROM T X INNER JOIN U ON (X.A = U.A), T",
               "SELECT \r\n  T.A + 1 AS FIELD_1\r\nFROM\r\n  \"T\",\r\n  \"T\" X \r\n  INNER JOIN \"U\" "
               "ON (\"X\".\"A\" = \"U\".\"A\")\r\n"},
-        // A join entry that took the qualifier's table by its name gives it to the later entry
-        // the qualifier names; a procedure's call cannot follow it and such an entry is
-        // refused (see NameThatQualifiesTwoTablesRefused).
-        TCase{"InterBase3QualifierOfJoinedTableNamedTwice", TSetting::InterBase3,
-              "SELECT 'a\\'.*, 'X', 'a\\'.`a\\` FROM Y1 INNER JOIN \"a\\\" \"ON\" ON (Y1.X = Y1.T2), 'a\\'",
-              "SELECT \r\n  \"a\\\".*,\r\n  'X' AS FIELD_1,\r\n  'a\\'.`a\\` AS FIELD_2\r\nFROM\r\n  "
-              "\"a\\\",\r\n  Y1 \r\n  INNER JOIN \"a\\\" \"ON\" ON (Y1.X = \"ON\".T2)\r\n"},
         // A string that prints in identifier quotes ('.' gives ".") was kept as "." where
         // "." itself reads as the plain ".": beside a column named . it then needed an alias
         // only once read back.
@@ -464,11 +477,18 @@ INSTANTIATE_TEST_SUITE_P(
               "SELECT \r\n  `a.b`.`JOIN`.`b`\r\nFROM\r\n  `a.b`.`JOIN`\r\nORDER BY\r\n  "
               "`a.b`.`JOIN`.`A`\r\n"},
         // A quoted alias is the alias a qualifier of the select list named: it is found before
-        // the table a qualifier made under the entry's name.
+        // the table a qualifier made under the entry's name. Both qualifiers are that table,
+        // so the call over them is a call.
         TCase{"GenericQuotedAliasBeforeNameAsAlias", TSetting::Generic,
               "SELECT MAX(\"MIN\".a, \"x\".a), \"x\".b FROM \"MIN\" \"x\"",
-              "SELECT \r\n  MAX(\"MIN\".a, \"x\".a) AS FIELD_1,\r\n  \"x\".\"b\"\r\nFROM\r\n  "
-              "\"MIN\" \"x\"\r\n"},
+              "SELECT \r\n  MAX(\"x\".\"a\", \"x\".\"a\") AS FIELD_1,\r\n  \"x\".\"b\"\r\nFROM\r\n"
+              "  \"MIN\" \"x\"\r\nGROUP BY\r\n  \"x\".\"b\"\r\n"},
+        // The same with the alias quoted in FROM only: the table the qualifier of the name made
+        // is the entry's too.
+        TCase{"GenericCallOverNameAndQuotedAliasOfOneTable", TSetting::Generic,
+              "SELECT \"count\".a, COUNT(\"count\".b, Y1.c + 1) FROM \"Y1\" \"count\"",
+              "SELECT \r\n  \"count\".\"a\",\r\n  COUNT(\"count\".\"b\", Y1.c + 1) AS FIELD_1\r\n"
+              "FROM\r\n  \"Y1\" \"count\"\r\nGROUP BY\r\n  \"count\".\"a\"\r\n"},
         // A call with arguments of two tables is kept as text with the table its arguments
         // name first: the unqualified argument of the call around it prints with that table,
         // which is then named first on reading back too (FROM kept its order).
@@ -499,6 +519,12 @@ INSTANTIATE_TEST_SUITE_P(
               "SELECT N,MAX(A.,Y)FROM A S",
               "SELECT \r\n  \"S\".\"N\",\r\n  MAX(A., \"S\".\"Y\") AS FIELD_1\r\nFROM\r\n  \"A\" S\r\n"
               "GROUP BY\r\n  \"S\".\"N\"\r\n"},
+        TCase{"GenericCallOverQuotedAliasAndNameBesideJoin", TSetting::Generic,
+              "SELECT 's', Y1.K, MIN(X, A1._x) FROM A1 \"my t\" INNER JOIN \"1\" Y1 ON "
+              "(A1.A = Y1.x)",
+              "SELECT \r\n  \"Y1\".'s',\r\n  \"Y1\".\"K\",\r\n  MIN(\"my t\".\"X\", A1._x) AS "
+              "FIELD_1\r\nFROM\r\n  \"A1\" \"my t\" \r\n  INNER JOIN \"1\" Y1 ON (\"my t\".\"A\" = "
+              "\"Y1\".\"x\")\r\nGROUP BY\r\n  \"Y1\".'s',\r\n  \"Y1\".\"K\"\r\n"},
         // Of two tables it stays text, also around a call over one table.
         TCase{"GenericCallOverTwoTablesStaysText", TSetting::Generic,
               "SELECT N, MAX(A.X, B.Y) FROM A, B",
