@@ -255,11 +255,8 @@ TVdTableDef* TVdSelectParser::ResolveTable(const std::string& name, const std::s
         return nullptr;
     if (!table)
         table = Untaken(TableDefs().FindByAlias(std::string()));
-    bool refused = false;
     if (!table)
-        table = GiveBackLentTable(name, name, refused);
-    if (refused)
-        return nullptr;
+        table = GiveBackLentTable(name, name);
     if (!table)
         return AddTable(name, name);
     table->SetName(name);
@@ -284,13 +281,10 @@ TVdTableDef* TVdSelectParser::ResolveAliasedTable(const std::string& name, const
     const bool quoted = alias.size() > 2 && alias.front() == Scanner().GetIdentQuote() &&
                         alias.back() == alias.front();
     const std::string spelled = quoted ? ReadBack(Scanner(), alias) : std::string();
-    bool refused = false;
     if (!table) {
-        table = GiveBackLentTable(name, alias, refused);
-        if (!table && !refused && !spelled.empty())
-            table = GiveBackLentTable(name, spelled, refused);
-        if (refused)
-            return nullptr;
+        table = GiveBackLentTable(name, alias);
+        if (!table && !spelled.empty())
+            table = GiveBackLentTable(name, spelled);
         noteFoundByAlias(table, true);
     }
     // Before any step that looks past the alias, and like it refused where it is an earlier
@@ -339,27 +333,7 @@ void TVdSelectParser::MergeQualifierTables()
         if (!made || made == entry || !made->Name().empty() || FFromTables.count(made))
             continue;
         merged.emplace(made, entry);
-        // The indexes are taken before and given back after the made table goes, which would
-        // renumber the columns behind its own.
-        std::vector<std::pair<TVdFieldDef*, int>> places;
-        for (int t = 0; t < tables.Count(); ++t) {
-            if (tables.Items(t) == made)
-                continue;
-            TVdFieldDefs& fields = tables.Items(t)->FieldDefs();
-            for (int f = 0; f < fields.Count(); ++f)
-                places.emplace_back(fields.Items(f), fields.Items(f)->FieldIndex());
-        }
-        const TVdFieldDefs& moved = made->FieldDefs();
-        for (int f = 0; f < moved.Count(); ++f) {
-            TVdFieldDef* copy = entry->FieldDefs().Add();
-            copy->Assign(*moved.Items(f));
-            places.emplace_back(copy, moved.Items(f)->FieldIndex());
-        }
-        if (made->Index() < entry->Index())
-            tables.Move(entry->Index(), made->Index());
-        tables.Delete(made->Index());
-        for (const auto& [field, index] : places)
-            field->SetFieldIndex(index);
+        MoveFields(*made, *entry, false, true);
     }
     FNamedByAlias.clear();
     SettleMixedCalls(merged);
@@ -384,6 +358,43 @@ void TVdSelectParser::SettleMixedCalls(
     FMixedCalls.clear();
 }
 
+// Moves the columns of from, or the arguments of its procedure call, to the end of to, each
+// field keeping its index, which deleting a field or a table would renumber. dropFrom: from
+// goes, and to stands where the first of the two stood.
+void TVdSelectParser::MoveFields(TVdTableDef& from, TVdTableDef& to, bool arguments,
+                                 bool dropFrom)
+{
+    TVdTableDefs& tables = TableDefs();
+    std::vector<std::pair<TVdFieldDef*, int>> places;
+    std::vector<int> moved;
+    for (int t = 0; t < tables.Count(); ++t) {
+        TVdFieldDefs& fields = tables.Items(t)->FieldDefs();
+        for (int f = 0; f < fields.Count(); ++f) {
+            TVdFieldDef* field = fields.Items(f);
+            if (tables.Items(t) == &from && field->IsInputParam() == arguments)
+                moved.push_back(f);
+            else
+                places.emplace_back(field, field->FieldIndex());
+        }
+    }
+    TVdFieldDefs& source = from.FieldDefs();
+    for (const int f : moved) {
+        TVdFieldDef* copy = to.FieldDefs().Add();
+        copy->Assign(*source.Items(f));
+        places.emplace_back(copy, source.Items(f)->FieldIndex());
+    }
+    if (dropFrom) {
+        if (from.Index() < to.Index())
+            tables.Move(to.Index(), from.Index());
+        tables.Delete(from.Index());
+    } else {
+        for (auto f = moved.rbegin(); f != moved.rend(); ++f)
+            source.Delete(*f);
+    }
+    for (const auto& [field, index] : places)
+        field->SetFieldIndex(index);
+}
+
 // The table the unqualified columns of the select list went to before FROM named any.
 TVdTableDef* TVdSelectParser::UnnamedTable() const
 {
@@ -405,12 +416,9 @@ TVdTableDef* TVdSelectParser::AddTable(const std::string& name, const std::strin
 // it means a later entry that T names (T, or U T). Its columns print with the table's alias,
 // but an expression prints T as written and read back named that later entry: the table goes
 // to the later entry, and the one that took it becomes a table of its own, with the joins it
-// owns. refused: set where the later entry cannot take the table (a procedure's call cannot
-// follow it) and is refused.
-TVdTableDef* TVdSelectParser::GiveBackLentTable(const std::string& name, const std::string& alias,
-                                                bool& refused)
+// owns.
+TVdTableDef* TVdSelectParser::GiveBackLentTable(const std::string& name, const std::string& alias)
 {
-    refused = false;
     const auto lent = FLentTables.find(alias);
     if (lent == FLentTables.end())
         return nullptr;
@@ -418,12 +426,6 @@ TVdTableDef* TVdSelectParser::GiveBackLentTable(const std::string& name, const s
     FLentTables.erase(lent);
     if (table->Alias() == alias || table->Alias() == table->Name())
         return nullptr;
-    // A procedure's call cannot follow the table to another entry: with the qualifier's
-    // columns printed by the call's alias, the text would read back as the later entry's.
-    if (table->TableType() != qttTable) {
-        refused = true;
-        return nullptr;
-    }
     const std::string takenName = table->Name();
     const std::string takenAlias = table->Alias();
     // Name and alias as they are: the joins that name the table by its alias mean the entry
@@ -433,6 +435,12 @@ TVdTableDef* TVdSelectParser::GiveBackLentTable(const std::string& name, const s
     taken->JoinDefs().Assign(table->JoinDefs());
     table->JoinDefs().Clear();
     FFromTables.insert(taken);
+    // A procedure's call goes with the entry that wrote it: its kind and its arguments.
+    if (table->TableType() != qttTable) {
+        taken->SetTableType(table->TableType());
+        table->SetTableType(qttTable);
+        MoveFields(*table, *taken, true, false);
+    }
     return table;
 }
 

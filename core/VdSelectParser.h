@@ -200,11 +200,11 @@ private:
     TVdTableDef* FindEntryAlias(const std::string& alias) const;
     TVdTableDef* UnnamedTable() const;
     void MergeQualifierTables();
+    void MoveFields(TVdTableDef& from, TVdTableDef& to, bool arguments, bool dropFrom);
     static bool NamesColumn(const TVdFunctionDef& node);
     std::string PrintableAlias(const std::string& alias) const;
     TVdTableDef* AddTable(const std::string& name, const std::string& alias);
-    TVdTableDef* GiveBackLentTable(const std::string& name, const std::string& alias,
-                                   bool& refused);
+    TVdTableDef* GiveBackLentTable(const std::string& name, const std::string& alias);
     std::string PeekAliasAfterParams();
     bool ReadJoinCondition(TVdTableDef*& owner, std::string& ownerField, TVdTableDef* joined,
                            std::string& joinedField, std::string& operation);

@@ -223,11 +223,6 @@ TEST(FuzzRegression, NameThatQualifiesTwoTablesRefused)
               "Invalid token 'X' at position 24 of line 1.");
     EXPECT_EQ(Refusal(TSetting::Generic, "SELECT I FROM '1' \"a\\\", \"a\\\""),
               "Invalid token 'a\\' at position 26 of line 1.");
-    // A procedure's call cannot give the qualifier's table to the later entry it names, also
-    // by the quoted spelling of its alias.
-    EXPECT_EQ(Refusal(TSetting::Generic,
-                      "SELECT COUNT(\"T2\".T2) + 1, N FROM T2(:p) 'ORDER', 'a' \"T2\""),
-              "Invalid token 'T2' at position 56 of line 1.");
     // The quoted spelling of the alias of the same table is that table (as T, T is one).
     EXPECT_EQ(Refusal(TSetting::Generic, "SELECT N FROM T \"T\", T"),
               "accepted, printed as\nSELECT \r\n  \"T\".\"N\"\r\nFROM\r\n  \"T\" \"T\"\r\n");
@@ -253,6 +248,25 @@ TEST(FuzzRegression, JoinConditionWithoutTheJoinedTableRefused)
                                "\r\n  INNER JOIN \"C\" ON (\"A\".\"X\" = \"C\".\"Y\")\r\n";
     EXPECT_EQ(Refusal(TSetting::Generic, "SELECT A.X FROM A INNER JOIN C ON (C.Y = A.X)"), joined);
     EXPECT_EQ(Refusal(TSetting::Generic, "SELECT A.X FROM A INNER JOIN C ON (A.X = C.Y)"), joined);
+}
+
+// Names printed unquoted: the procedure joined after the entry its name qualifies prints before
+// it (the tables stand in the order of the select list). Read back, it took the qualifier's
+// table by its name and refused to give it to that entry.
+TEST(FuzzRegression, ProcedureJoinedBeforeTheEntryItsNameQualifiesReadsBack)
+{
+    const std::unique_ptr<TVdSelectParser> parser = CreateParser(TSetting::Generic);
+    parser->Scanner().SetQuoteIdentifiers(false);
+    parser->SetExpression("SELECT a.\"b\".b, MIN(AVG(U.\"FIELD_1\", U.\"x\")), a.\"b\".'JOIN', U.\"b\" "
+                          "FROM b(1, \"1\") U, a.\"b\" LEFT OUTER JOIN U(1) A1 ON (a.\"b\".T2 = "
+                          "A1.FIELD_1)");
+    const std::string printed = parser->GetExpression();
+    EXPECT_EQ(printed, "SELECT \r\n  a.b.b,\r\n  MIN(AVG(U.FIELD_1, U.x)) AS FIELD_1,\r\n  "
+                       "a.b.'JOIN',\r\n  U.b AS b1\r\nFROM\r\n  a.b \r\n  LEFT OUTER JOIN U(:1) A1 "
+                       "ON (a.b.T2 = A1.FIELD_1),\r\n  b(:1, :\"1\") U\r\nGROUP BY\r\n  a.b.b,\r\n  "
+                       "a.b.'JOIN',\r\n  U.b\r\n");
+    parser->SetExpression(printed);
+    EXPECT_EQ(parser->GetExpression(), printed);
 }
 
 TEST_P(FuzzRegressionRoundTrip, PrintsAndReadsBack)
@@ -525,6 +539,26 @@ INSTANTIATE_TEST_SUITE_P(
               "SELECT \r\n  \"Y1\".'s',\r\n  \"Y1\".\"K\",\r\n  MIN(\"my t\".\"X\", A1._x) AS "
               "FIELD_1\r\nFROM\r\n  \"A1\" \"my t\" \r\n  INNER JOIN \"1\" Y1 ON (\"my t\".\"A\" = "
               "\"Y1\".\"x\")\r\nGROUP BY\r\n  \"Y1\".'s',\r\n  \"Y1\".\"K\"\r\n"},
+        // A procedure entry that took the qualifier's table by its name gives it to the later
+        // entry the qualifier names, as a table entry does, and its call goes with it to the
+        // end of FROM (the later entry was refused). Also by the quoted spelling of the alias.
+        TCase{"GenericProcedureGivesTheQualifierTableToTheLaterEntry", TSetting::Generic,
+              "SELECT U.x, N FROM U(1) A1, b U",
+              "SELECT \r\n  \"U\".\"x\",\r\n  \"U\".\"N\",\r\n  \"A1\".\"N\" AS N1\r\nFROM\r\n"
+              "  \"b\" U,\r\n  \"U\"(:1) A1\r\n"},
+        TCase{"GenericProcedureGivesBackWithItsJoins", TSetting::Generic,
+              "SELECT N, U.x FROM U(1) A1 LEFT OUTER JOIN C ON (A1.q = C.q), b U",
+              "SELECT \r\n  \"U\".\"N\",\r\n  \"U\".\"x\",\r\n  \"C\".\"N\" AS N1,\r\n  \"A1\".\"N\" "
+              "AS N2\r\nFROM\r\n  \"b\" U,\r\n  \"U\"(:1) A1 \r\n  LEFT OUTER JOIN \"C\" ON "
+              "(\"A1\".\"q\" = \"C\".\"q\")\r\n"},
+        TCase{"GenericProcedureGivesBackToTheSameProcedure", TSetting::Generic,
+              "SELECT N, U.x FROM U(1) A1, U(2)",
+              "SELECT \r\n  \"U\".\"N\",\r\n  \"U\".\"x\",\r\n  \"A1\".\"N\" AS N1\r\nFROM\r\n"
+              "  \"U\"(:2),\r\n  \"U\"(:1) A1\r\n"},
+        TCase{"GenericProcedureGivesBackByQuotedAlias", TSetting::Generic,
+              "SELECT COUNT(\"T2\".T2) + 1, N FROM T2(:p) 'ORDER', 'a' \"T2\"",
+              "SELECT \r\n  COUNT(\"T2\".T2) + 1 AS FIELD_1,\r\n  \"T2\".\"N\",\r\n  'ORDER'.\"N\" AS "
+              "N1\r\nFROM\r\n  'a' \"T2\",\r\n  \"T2\"(:p) 'ORDER'\r\n"},
         // Of two tables it stays text, also around a call over one table.
         TCase{"GenericCallOverTwoTablesStaysText", TSetting::Generic,
               "SELECT N, MAX(A.X, B.Y) FROM A, B",
