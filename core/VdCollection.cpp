@@ -66,16 +66,39 @@ void TVdCollection::Delete(int index)
     owned.reset();
 }
 
-void TVdCollection::Move(int from, int to)
+void TVdCollection::Swap(int first, int second)
 {
-    GetItem(from);
-    GetItem(to);
-    const auto first = FItems.begin();
-    if (from < to)
-        std::rotate(first + from, first + from + 1, first + to + 1);
-    else if (to < from)
-        std::rotate(first + to, first + from, first + from + 1);
-    Renumber(size_t(std::min(from, to)));
+    GetItem(first);
+    GetItem(second);
+    std::swap(FItems[size_t(first)], FItems[size_t(second)]);
+    FItems[size_t(first)]->FIndexInCollection = first;
+    FItems[size_t(second)]->FIndexInCollection = second;
+}
+
+void TVdCollection::TransferItems(std::vector<int> indexes, TVdCollection& to)
+{
+    std::sort(indexes.begin(), indexes.end());
+    indexes.erase(std::unique(indexes.begin(), indexes.end()), indexes.end());
+    if (indexes.empty() || &to == this)
+        return;
+    for (int index : indexes)
+        GetItem(index);
+    const size_t appended = to.FItems.size();
+    const size_t first = size_t(indexes.front());
+    size_t kept = first;
+    size_t next = 0;
+    for (size_t i = first; i < FItems.size(); ++i) {
+        if (next < indexes.size() && size_t(indexes[next]) == i) {
+            FItems[i]->FCollection = &to;
+            to.FItems.push_back(std::move(FItems[i]));
+            ++next;
+        } else {
+            FItems[kept++] = std::move(FItems[i]);
+        }
+    }
+    FItems.resize(kept);
+    Renumber(first);
+    to.Renumber(appended);
 }
 
 void TVdCollection::DeleteItems(std::vector<int> indexes)

@@ -64,9 +64,14 @@ public:
     TVdCollectionItem* AddItem();
     TVdCollectionItem* InsertItem(int index);
     void Delete(int index);
-    // Moves the item at from to the position to, the items between shifting by one. Throws
-    // EVdListError for a position out of range.
-    void Move(int from, int to);
+    // Exchanges the items at two positions. Throws EVdListError for a position out of range.
+    void Swap(int first, int second);
+    // Moves the items at the given positions to the end of another collection, in their
+    // order, in one pass over each. The items stay what they are to the model: neither
+    // collection tells them (Removing, Added), so both must belong to one model, as the
+    // fields of two of its tables do. Throws EVdListError for a position out of range,
+    // before anything moves.
+    void TransferItems(std::vector<int> indexes, TVdCollection& to);
     // Deletes the items at the given positions (in any order) in one pass over the list;
     // each is told (Removing) before any leaves. Throws EVdListError for a position out of
     // range, before anything is deleted.

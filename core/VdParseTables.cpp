@@ -330,12 +330,22 @@ void TVdSelectParser::MergeQualifierTables()
     std::unordered_map<TVdTableDef*, TVdTableDef*> merged;
     for (const auto& [entry, name] : FNamedByAlias) {
         TVdTableDef* made = tables.FindByAlias(name);
-        if (!made || made == entry || !made->Name().empty() || FFromTables.count(made))
+        if (!made || made == entry || !made->Name().empty() || FFromTables.count(made) ||
+            merged.count(made))
             continue;
         merged.emplace(made, entry);
-        MoveFields(*made, *entry, false, true);
+        MoveFields(*made, *entry, false);
+        // The entry takes the place of the table it emptied, which goes once all are merged:
+        // the tables between keep their order.
+        if (made->Index() < entry->Index())
+            tables.Swap(made->Index(), entry->Index());
     }
     FNamedByAlias.clear();
+    std::vector<int> emptied;
+    emptied.reserve(merged.size());
+    for (const auto& pair : merged)
+        emptied.push_back(pair.first->Index());
+    tables.DeleteItems(std::move(emptied));
     SettleMixedCalls(merged);
 }
 
@@ -358,41 +368,16 @@ void TVdSelectParser::SettleMixedCalls(
     FMixedCalls.clear();
 }
 
-// Moves the columns of from, or the arguments of its procedure call, to the end of to, each
-// field keeping its index, which deleting a field or a table would renumber. dropFrom: from
-// goes, and to stands where the first of the two stood.
-void TVdSelectParser::MoveFields(TVdTableDef& from, TVdTableDef& to, bool arguments,
-                                 bool dropFrom)
+// Moves the columns of from, or the arguments of its procedure call, to the end of to. The
+// fields themselves move: each keeps its index in the select list.
+void TVdSelectParser::MoveFields(TVdTableDef& from, TVdTableDef& to, bool arguments)
 {
-    TVdTableDefs& tables = TableDefs();
-    std::vector<std::pair<TVdFieldDef*, int>> places;
+    TVdFieldDefs& fields = from.FieldDefs();
     std::vector<int> moved;
-    for (int t = 0; t < tables.Count(); ++t) {
-        TVdFieldDefs& fields = tables.Items(t)->FieldDefs();
-        for (int f = 0; f < fields.Count(); ++f) {
-            TVdFieldDef* field = fields.Items(f);
-            if (tables.Items(t) == &from && field->IsInputParam() == arguments)
-                moved.push_back(f);
-            else
-                places.emplace_back(field, field->FieldIndex());
-        }
-    }
-    TVdFieldDefs& source = from.FieldDefs();
-    for (const int f : moved) {
-        TVdFieldDef* copy = to.FieldDefs().Add();
-        copy->Assign(*source.Items(f));
-        places.emplace_back(copy, source.Items(f)->FieldIndex());
-    }
-    if (dropFrom) {
-        if (from.Index() < to.Index())
-            tables.Move(to.Index(), from.Index());
-        tables.Delete(from.Index());
-    } else {
-        for (auto f = moved.rbegin(); f != moved.rend(); ++f)
-            source.Delete(*f);
-    }
-    for (const auto& [field, index] : places)
-        field->SetFieldIndex(index);
+    for (int f = 0; f < fields.Count(); ++f)
+        if (fields.Items(f)->IsInputParam() == arguments)
+            moved.push_back(f);
+    fields.TransferItems(std::move(moved), to.FieldDefs());
 }
 
 // The table the unqualified columns of the select list went to before FROM named any.
@@ -439,7 +424,7 @@ TVdTableDef* TVdSelectParser::GiveBackLentTable(const std::string& name, const s
     if (table->TableType() != qttTable) {
         taken->SetTableType(table->TableType());
         table->SetTableType(qttTable);
-        MoveFields(*table, *taken, true, false);
+        MoveFields(*table, *taken, true);
     }
     return table;
 }

@@ -200,7 +200,7 @@ private:
     TVdTableDef* FindEntryAlias(const std::string& alias) const;
     TVdTableDef* UnnamedTable() const;
     void MergeQualifierTables();
-    void MoveFields(TVdTableDef& from, TVdTableDef& to, bool arguments, bool dropFrom);
+    void MoveFields(TVdTableDef& from, TVdTableDef& to, bool arguments);
     static bool NamesColumn(const TVdFunctionDef& node);
     std::string PrintableAlias(const std::string& alias) const;
     TVdTableDef* AddTable(const std::string& name, const std::string& alias);

@@ -554,29 +554,70 @@ TEST(VdTableDef, AssignCopiesNameAliasTypeFieldsAndJoins)
     EXPECT_EQ(p.TableDefs().GetFieldCount(), 4);
 }
 
-// Moving an item: the items between shift by one, every position is renumbered, a position
-// out of range moves nothing.
-TEST(VdCollectionMove, ItemsBetweenShiftByOne)
+namespace {
+
+std::string CriterionNames(const TVdCriterions& list)
+{
+    std::string result;
+    for (int i = 0; i < list.Count(); ++i) {
+        EXPECT_EQ(list.Items(i)->Index(), i);
+        EXPECT_EQ(list.Items(i)->Collection(), &list);
+        result += list.Items(i)->LeftSide().Name() + " ";
+    }
+    return result;
+}
+
+void AddCriterions(TVdCriterions& list, const std::string& prefix, int count)
+{
+    for (int i = 0; i < count; ++i)
+        list.Add()->LeftSide().SetName(prefix + std::to_string(i));
+}
+
+} // namespace
+
+// Swapping two items renumbers both; a position out of range swaps nothing.
+TEST(VdCollectionSwap, TwoItemsExchangePlaces)
 {
     TVdSelectParser parser;
     TVdCriterions& list = parser.WhereItems();
-    for (int i = 0; i < 5; ++i)
-        list.Add()->LeftSide().SetName("A" + std::to_string(i));
-    const auto names = [&list] {
-        std::string result;
-        for (int i = 0; i < list.Count(); ++i) {
-            EXPECT_EQ(list.Items(i)->Index(), i);
-            result += list.Items(i)->LeftSide().Name() + " ";
-        }
-        return result;
-    };
-    list.Move(3, 1);
-    EXPECT_EQ(names(), "A0 A3 A1 A2 A4 ");
-    list.Move(0, 4);
-    EXPECT_EQ(names(), "A3 A1 A2 A4 A0 ");
-    list.Move(2, 2);
-    EXPECT_EQ(names(), "A3 A1 A2 A4 A0 ");
-    EXPECT_THROW(list.Move(5, 0), EVdListError);
-    EXPECT_THROW(list.Move(0, -1), EVdListError);
-    EXPECT_EQ(names(), "A3 A1 A2 A4 A0 ");
+    AddCriterions(list, "A", 5);
+    list.Swap(3, 1);
+    EXPECT_EQ(CriterionNames(list), "A0 A3 A2 A1 A4 ");
+    list.Swap(0, 4);
+    EXPECT_EQ(CriterionNames(list), "A4 A3 A2 A1 A0 ");
+    list.Swap(2, 2);
+    EXPECT_EQ(CriterionNames(list), "A4 A3 A2 A1 A0 ");
+    EXPECT_THROW(list.Swap(5, 0), EVdListError);
+    EXPECT_THROW(list.Swap(0, -1), EVdListError);
+    EXPECT_EQ(CriterionNames(list), "A4 A3 A2 A1 A0 ");
+}
+
+// Transferred items go to the end of the other list in their order, in any order given and
+// each once; both lists are renumbered and the items know their new list.
+TEST(VdCollectionTransfer, ItemsGoToTheEndOfTheOtherList)
+{
+    TVdSelectParser parser;
+    TVdCriterions& from = parser.WhereItems();
+    TVdCriterions& to = parser.HavingItems();
+    AddCriterions(from, "A", 5);
+    AddCriterions(to, "B", 2);
+    TVdCriterion* moved = from.Items(3);
+    from.TransferItems({3, 1, 3}, to);
+    EXPECT_EQ(CriterionNames(from), "A0 A2 A4 ");
+    EXPECT_EQ(CriterionNames(to), "B0 B1 A1 A3 ");
+    EXPECT_EQ(to.Items(3), moved);
+    EXPECT_EQ(moved->Parser(), &parser);
+    from.TransferItems({}, to);
+    EXPECT_EQ(CriterionNames(from), "A0 A2 A4 ");
+}
+
+TEST(VdCollectionTransfer, PositionOutOfRangeMovesNothing)
+{
+    TVdSelectParser parser;
+    TVdCriterions& from = parser.WhereItems();
+    TVdCriterions& to = parser.HavingItems();
+    AddCriterions(from, "A", 3);
+    EXPECT_THROW(from.TransferItems({0, 3}, to), EVdListError);
+    EXPECT_EQ(CriterionNames(from), "A0 A1 A2 ");
+    EXPECT_EQ(to.Count(), 0);
 }
