@@ -388,13 +388,35 @@ TVdTableDef* TVdSelectParser::UnnamedTable() const
 }
 
 // A table FROM adds: the unqualified columns of the select list belong to it too.
-TVdTableDef* TVdSelectParser::AddTable(const std::string& name, const std::string& alias)
+TVdTableDef* TVdSelectParser::AddTable(const std::string& name, const std::string& alias,
+                                       int position)
 {
-    TVdTableDef* table = TableDefs().Add();
+    TVdTableDef* table =
+        position < 0 ? TableDefs().Add() : TableDefs().Insert(position);
+    FAddedByFrom.insert(table);
     table->SetKeys(name, alias);
     for (const TUnqualified& column : FUnqualified)
         CopyField(*column.Field, column.HasAlias, column.Alias, *table);
     return table;
+}
+
+// Where the table of an entry that gave a table back stands (-1: last). Read back, a print
+// makes the tables its select list names first, in that order, then those only FROM names,
+// in FROM's order. Where the select list has unqualified columns every table holds them, so
+// the new table is the one the select list names last; otherwise it is one only FROM names,
+// and stands before the first of them that FROM added after the entry.
+int TVdSelectParser::TakenTablePosition(int entryAt) const
+{
+    if (!FUnqualified.empty())
+        return -1;
+    const TVdTableDefs& tables = TableDefs();
+    for (int t = 0; t < tables.Count(); ++t) {
+        const TVdTableDef* table = tables.Items(t);
+        const auto entry = FFromTables.find(table);
+        if (entry != FFromTables.end() && entry->second > entryAt && FAddedByFrom.count(table))
+            return t;
+    }
+    return -1;
 }
 
 // SELECT T.A ... FROM T X, T: the qualifier T made a table that T X took by its name, yet
@@ -413,13 +435,18 @@ TVdTableDef* TVdSelectParser::GiveBackLentTable(const std::string& name, const s
         return nullptr;
     const std::string takenName = table->Name();
     const std::string takenAlias = table->Alias();
+    // The table is the later entry's from here on, which FROM notes once it is resolved.
+    const auto lender = FFromTables.find(table);
+    const int lenderAt = lender != FFromTables.end() ? lender->second : 0;
+    if (lender != FFromTables.end())
+        FFromTables.erase(lender);
     // Name and alias as they are: the joins that name the table by its alias mean the entry
     // that wrote it, so they do not follow the table, and the joins it owns go with the alias.
     table->SetKeys(name, alias);
-    TVdTableDef* taken = AddTable(takenName, takenAlias);
+    TVdTableDef* taken = AddTable(takenName, takenAlias, TakenTablePosition(lenderAt));
     taken->JoinDefs().Assign(table->JoinDefs());
     table->JoinDefs().Clear();
-    FFromTables.insert(taken);
+    FFromTables.emplace(taken, lenderAt);
     // A procedure's call goes with the entry that wrote it: its kind and its arguments.
     if (table->TableType() != qttTable) {
         taken->SetTableType(table->TableType());
@@ -455,6 +482,7 @@ void TVdSelectParser::DoParseTableDef()
         return Fail();
     // Where an entry that names a table another entry aliases is refused: at its name or alias.
     TVdSQLScanner::TState blame = Scanner().SaveState();
+    const int entryAt = Scanner().TokenStart();
     // A qualified name (S.T, customer.db) is one table name; "" names no table.
     std::string name = NameText();
     if (name.empty())
@@ -493,7 +521,7 @@ void TVdSelectParser::DoParseTableDef()
         Scanner().RestoreState(blame);
         return Fail();
     }
-    FFromTables.insert(table);
+    FFromTables.emplace(table, entryAt);
     FLastTable = table;
     FLastTableName = table->Name();
     FLastTableAlias = table->Alias();

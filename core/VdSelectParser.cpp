@@ -244,6 +244,7 @@ void TVdSelectParser::ParseOnce()
     FUnqualified.clear();
     FLentTables.clear();
     FFromTables.clear();
+    FAddedByFrom.clear();
     FNamedByAlias.clear();
     try {
         Scanner().SetExpression(std::move(text));

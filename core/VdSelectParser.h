@@ -203,8 +203,9 @@ private:
     void MoveFields(TVdTableDef& from, TVdTableDef& to, bool arguments);
     static bool NamesColumn(const TVdFunctionDef& node);
     std::string PrintableAlias(const std::string& alias) const;
-    TVdTableDef* AddTable(const std::string& name, const std::string& alias);
+    TVdTableDef* AddTable(const std::string& name, const std::string& alias, int position = -1);
     TVdTableDef* GiveBackLentTable(const std::string& name, const std::string& alias);
+    int TakenTablePosition(int entryAt) const;
     std::string PeekAliasAfterParams();
     bool ReadJoinCondition(TVdTableDef*& owner, std::string& ownerField, TVdTableDef* joined,
                            std::string& joinedField, std::string& operation);
@@ -233,8 +234,11 @@ private:
     // Tables a qualifier made that an aliased FROM entry took by their name (T.A ... FROM T X),
     // by that name: a later entry that T names (T, or U T) is what the qualifier meant.
     std::unordered_map<std::string, TVdTableDef*> FLentTables;
-    // The tables FROM entries have taken so far: a later entry never takes one again.
-    std::unordered_set<const TVdTableDef*> FFromTables;
+    // The tables FROM entries have taken so far, with where their entry starts: a later entry
+    // never takes one again.
+    std::unordered_map<const TVdTableDef*, int> FFromTables;
+    // The tables FROM added, which no qualifier of the select list made.
+    std::unordered_set<const TVdTableDef*> FAddedByFrom;
     // FROM entries found by an alias a qualifier made, with their names (MergeQualifierTables).
     std::vector<std::pair<TVdTableDef*, std::string>> FNamedByAlias;
     // Calls in the select list whose arguments name tables by two qualifiers (MAX(A.X, S.Y)),

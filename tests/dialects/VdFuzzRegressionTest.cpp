@@ -559,6 +559,27 @@ INSTANTIATE_TEST_SUITE_P(
               "SELECT COUNT(\"T2\".T2) + 1, N FROM T2(:p) 'ORDER', 'a' \"T2\"",
               "SELECT \r\n  COUNT(\"T2\".T2) + 1 AS FIELD_1,\r\n  \"T2\".\"N\",\r\n  'ORDER'.\"N\" AS "
               "N1\r\nFROM\r\n  'a' \"T2\",\r\n  \"T2\"(:p) 'ORDER'\r\n"},
+        // The entry that gave the qualifier's table back stands where its print reads back:
+        // before the tables only FROM named after it (it stood last, so that T I, written
+        // after it, took the table on reading back and the join moved).
+        TCase{"GenericGivenBackEntryBeforeLaterEntriesWithJoin", TSetting::Generic,
+              "SELECT T.a FROM T X, T I RIGHT OUTER JOIN B T ON (X.r = T.q)",
+              "SELECT \r\n  \"T\".\"a\"\r\nFROM\r\n  \"T\" X \r\n  RIGHT OUTER JOIN \"B\" T ON "
+              "(\"X\".\"r\" = \"T\".\"q\"),\r\n  \"T\" I\r\n"},
+        TCase{"GenericGivenBackEntryBeforeLaterEntries", TSetting::Generic,
+              "SELECT T.a FROM T X, T I, B T",
+              "SELECT \r\n  \"T\".\"a\"\r\nFROM\r\n  \"B\" T,\r\n  \"T\" X,\r\n  \"T\" I\r\n"},
+        // A table a qualifier made holds no column here (b.* is inside the expression), yet
+        // it is read back first: the entry that gave a table back goes after it.
+        TCase{"GenericGivenBackEntryAfterTablesTheSelectListNames", TSetting::Generic,
+              "SELECT MIN(U.x, b.*) + 1 FROM U X, A(1) b, B U",
+              "SELECT \r\n  MIN(U.x, b.*) + 1 AS FIELD_1\r\nFROM\r\n  \"B\" U,\r\n  \"A\"(:1) b,\r\n"
+              "  \"U\" X\r\n"},
+        // With unqualified columns every table holds some: it is named last.
+        TCase{"GenericGivenBackEntryWithUnqualifiedColumnsLast", TSetting::Generic,
+              "SELECT N, T.a FROM T X, T I, B T",
+              "SELECT \r\n  \"T\".\"N\",\r\n  \"T\".\"a\",\r\n  \"I\".\"N\" AS N1,\r\n  \"X\".\"N\" AS "
+              "N2\r\nFROM\r\n  \"B\" T,\r\n  \"T\" I,\r\n  \"T\" X\r\n"},
         // Of two tables it stays text, also around a call over one table.
         TCase{"GenericCallOverTwoTablesStaysText", TSetting::Generic,
               "SELECT N, MAX(A.X, B.Y) FROM A, B",
