@@ -341,16 +341,16 @@ void TVdSelectParser::MergeQualifierTables()
             tables.Swap(made->Index(), entry->Index());
     }
     FNamedByAlias.clear();
+    SettleMixedCalls(merged);
     std::vector<int> emptied;
     emptied.reserve(merged.size());
     for (const auto& pair : merged)
         emptied.push_back(pair.first->Index());
     tables.DeleteItems(std::move(emptied));
-    SettleMixedCalls(merged);
 }
 
-// merged: the tables MergeQualifierTables took away, with the table each became part of.
-// Compared before any table is made again, while no address of a table gone is reused.
+// merged: the tables MergeQualifierTables empties, with the table each became part of; the
+// calls' tables are compared while all of them still stand.
 void TVdSelectParser::SettleMixedCalls(
     const std::unordered_map<TVdTableDef*, TVdTableDef*>& merged)
 {
