@@ -270,7 +270,7 @@ TVdTableDef* TVdSelectParser::ResolveAliasedTable(const std::string& name, const
     // given back, the qualifier D may have made a table of its own as well.
     const auto noteFoundByAlias = [this, &name](TVdTableDef* found, bool givenBack) {
         if (found && (givenBack || (found->Name().empty() && !FFromTables.count(found))))
-            FNamedByAlias.emplace_back(found, name);
+            FNamedByAlias.emplace(name, found);
     };
     TVdTableDef* table = FindEntryAlias(alias);
     if (TakenByOther(table, name))
@@ -296,8 +296,9 @@ TVdTableDef* TVdSelectParser::ResolveAliasedTable(const std::string& name, const
         noteFoundByAlias(table, false);
     }
     // The name used as an alias finds a table a qualifier made, not one an earlier FROM entry
-    // named otherwise (T2 WZB, WZB W: the second is a table of its own).
-    if (!table) {
+    // named otherwise (T2 WZB, WZB W: the second is a table of its own), nor one an earlier
+    // entry of that name found by its alias merges (A1 E, A1 P in SELECT A1.X, E.Y).
+    if (!table && !FNamedByAlias.count(name)) {
         TVdTableDef* byAlias = Untaken(tables.FindByAlias(name));
         if (byAlias && (byAlias->Name().empty() || byAlias->Name() == name)) {
             table = byAlias;
@@ -328,7 +329,7 @@ void TVdSelectParser::MergeQualifierTables()
 {
     TVdTableDefs& tables = TableDefs();
     std::unordered_map<TVdTableDef*, TVdTableDef*> merged;
-    for (const auto& [entry, name] : FNamedByAlias) {
+    for (const auto& [name, entry] : FNamedByAlias) {
         TVdTableDef* made = tables.FindByAlias(name);
         if (!made || made == entry || !made->Name().empty() || FFromTables.count(made) ||
             merged.count(made))

@@ -239,8 +239,9 @@ private:
     std::unordered_map<const TVdTableDef*, int> FFromTables;
     // The tables FROM added, which no qualifier of the select list made.
     std::unordered_set<const TVdTableDef*> FAddedByFrom;
-    // FROM entries found by an alias a qualifier made, with their names (MergeQualifierTables).
-    std::vector<std::pair<TVdTableDef*, std::string>> FNamedByAlias;
+    // The names of FROM entries found by an alias a qualifier made, each with the first such
+    // entry (MergeQualifierTables).
+    std::unordered_map<std::string, TVdTableDef*> FNamedByAlias;
     // Calls in the select list whose arguments name tables by two qualifiers (MAX(A.X, S.Y)),
     // by where they start. They are read as text, yet FROM can make their qualifiers one table
     // (FROM A S): such calls are kept as calls when the statement is read again.

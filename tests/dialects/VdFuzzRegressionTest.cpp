@@ -580,6 +580,12 @@ INSTANTIATE_TEST_SUITE_P(
               "SELECT N, T.a FROM T X, T I, B T",
               "SELECT \r\n  \"T\".\"N\",\r\n  \"T\".\"a\",\r\n  \"I\".\"N\" AS N1,\r\n  \"X\".\"N\" AS "
               "N2\r\nFROM\r\n  \"B\" T,\r\n  \"T\" I,\r\n  \"T\" X\r\n"},
+        // SELECT A1., A1.S FROM A1 E, A1 P printed E.S and read back: A1 E is found by its
+        // alias and merges the table the qualifier A1 made, which the later A1 P took by its
+        // name first, before A1 E in FROM.
+        TCase{"InterBase1LaterEntryLeavesTheTableAnEarlierEntryMerges", TSetting::InterBase1,
+              "select A1.,A1.S FROM A1 E,A1 P",
+              "SELECT \r\n  A1. AS FIELD_1,\r\n  E.S\r\nFROM\r\n  A1 E,\r\n  A1 P\r\n"},
         // Of two tables it stays text, also around a call over one table.
         TCase{"GenericCallOverTwoTablesStaysText", TSetting::Generic,
               "SELECT N, MAX(A.X, B.Y) FROM A, B",

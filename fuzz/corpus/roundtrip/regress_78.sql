@@ -1,0 +1,1 @@
+Cselect A1.,A1.S FROM A1 E,A1 P
