@@ -200,9 +200,12 @@ void BM_QualifiedColumns(benchmark::State& s)
 void BM_NameAndAliasTables(benchmark::State& s)
 {
     Generic(s, "name-and-alias", [](int64_t n) {
-        return "SELECT " + Join(n, ", ", [](int64_t i) {
-                   return "T" + N(i) + ".A, S" + N(i) + ".B, MAX(T" + N(i) + ".C, S" + N(i) + ".D)";
-               }) +
+        return "SELECT " +
+               Join(n, ", ",
+                    [](int64_t i) {
+                        return "T" + N(i) + ".A, S" + N(i) + ".B, MAX(T" + N(i) + ".C, S" + N(i) +
+                               ".D)";
+                    }) +
                " FROM " + Join(n, ", ", [](int64_t i) { return "T" + N(i) + " S" + N(i); });
     });
 }

@@ -352,8 +352,7 @@ void TVdSelectParser::MergeQualifierTables()
 
 // merged: the tables MergeQualifierTables empties, with the table each became part of; the
 // calls' tables are compared while all of them still stand.
-void TVdSelectParser::SettleMixedCalls(
-    const std::unordered_map<TVdTableDef*, TVdTableDef*>& merged)
+void TVdSelectParser::SettleMixedCalls(const std::unordered_map<TVdTableDef*, TVdTableDef*>& merged)
 {
     const auto settled = [&merged](TVdTableDef* table) {
         const auto it = merged.find(table);
@@ -392,8 +391,7 @@ TVdTableDef* TVdSelectParser::UnnamedTable() const
 TVdTableDef* TVdSelectParser::AddTable(const std::string& name, const std::string& alias,
                                        int position)
 {
-    TVdTableDef* table =
-        position < 0 ? TableDefs().Add() : TableDefs().Insert(position);
+    TVdTableDef* table = position < 0 ? TableDefs().Add() : TableDefs().Insert(position);
     FAddedByFrom.insert(table);
     table->SetKeys(name, alias);
     for (const TUnqualified& column : FUnqualified)

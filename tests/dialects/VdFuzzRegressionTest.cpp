@@ -257,14 +257,16 @@ TEST(FuzzRegression, ProcedureJoinedBeforeTheEntryItsNameQualifiesReadsBack)
 {
     const std::unique_ptr<TVdSelectParser> parser = CreateParser(TSetting::Generic);
     parser->Scanner().SetQuoteIdentifiers(false);
-    parser->SetExpression("SELECT a.\"b\".b, MIN(AVG(U.\"FIELD_1\", U.\"x\")), a.\"b\".'JOIN', U.\"b\" "
-                          "FROM b(1, \"1\") U, a.\"b\" LEFT OUTER JOIN U(1) A1 ON (a.\"b\".T2 = "
-                          "A1.FIELD_1)");
+    parser->SetExpression(
+        "SELECT a.\"b\".b, MIN(AVG(U.\"FIELD_1\", U.\"x\")), a.\"b\".'JOIN', U.\"b\" "
+        "FROM b(1, \"1\") U, a.\"b\" LEFT OUTER JOIN U(1) A1 ON (a.\"b\".T2 = "
+        "A1.FIELD_1)");
     const std::string printed = parser->GetExpression();
-    EXPECT_EQ(printed, "SELECT \r\n  a.b.b,\r\n  MIN(AVG(U.FIELD_1, U.x)) AS FIELD_1,\r\n  "
-                       "a.b.'JOIN',\r\n  U.b AS b1\r\nFROM\r\n  a.b \r\n  LEFT OUTER JOIN U(:1) A1 "
-                       "ON (a.b.T2 = A1.FIELD_1),\r\n  b(:1, :\"1\") U\r\nGROUP BY\r\n  a.b.b,\r\n  "
-                       "a.b.'JOIN',\r\n  U.b\r\n");
+    EXPECT_EQ(printed,
+              "SELECT \r\n  a.b.b,\r\n  MIN(AVG(U.FIELD_1, U.x)) AS FIELD_1,\r\n  "
+              "a.b.'JOIN',\r\n  U.b AS b1\r\nFROM\r\n  a.b \r\n  LEFT OUTER JOIN U(:1) A1 "
+              "ON (a.b.T2 = A1.FIELD_1),\r\n  b(:1, :\"1\") U\r\nGROUP BY\r\n  a.b.b,\r\n  "
+              "a.b.'JOIN',\r\n  U.b\r\n");
     parser->SetExpression(printed);
     EXPECT_EQ(parser->GetExpression(), printed);
 }
@@ -454,7 +456,8 @@ INSTANTIATE_TEST_SUITE_P(
         // join it owns stays with the entry that wrote it (joins name their tables by alias).
         TCase{"GenericExpressionOfTableNamedTwiceWithJoin", TSetting::Generic,
               "SELECT T.A + 1 FROM T X INNER JOIN U ON (X.A = U.A), T",
-              "SELECT \r\n  T.A + 1 AS FIELD_1\r\nFROM\r\n  \"T\",\r\n  \"T\" X \r\n  INNER JOIN \"U\" "
+              "SELECT \r\n  T.A + 1 AS FIELD_1\r\nFROM\r\n  \"T\",\r\n  \"T\" X \r\n  INNER JOIN "
+              "\"U\" "
               "ON (\"X\".\"A\" = \"U\".\"A\")\r\n"},
         // A string that prints in identifier quotes ('.' gives ".") was kept as "." where
         // "." itself reads as the plain ".": beside a column named . it then needed an alias
@@ -508,7 +511,8 @@ INSTANTIATE_TEST_SUITE_P(
         // which is then named first on reading back too (FROM kept its order).
         TCase{"MySQLCallOfTwoTablesKeepsTheTableNamedFirst", TSetting::MySQL,
               "SELECT MAX(b, MIN(\"select\".''''., A.)) FROM \"select\".'''', 'b'.\"\" A",
-              "SELECT \r\n  MAX(`select`.`'`.`b`, MIN(\"select\".''''., A.)) AS `FIELD_1`\r\nFROM\r\n  "
+              "SELECT \r\n  MAX(`select`.`'`.`b`, MIN(\"select\".''''., A.)) AS "
+              "`FIELD_1`\r\nFROM\r\n  "
               "`select`.`'`,\r\n  `b`.`` `A`\r\n"},
         // FROM T X, T "X": the quoted spelling of the alias is that table again.
         TCase{"GenericQuotedSpellingOfAliasOfSameTable", TSetting::Generic,
@@ -531,7 +535,8 @@ INSTANTIATE_TEST_SUITE_P(
               "  \"A\" S\r\nGROUP BY\r\n  \"S\".\"N\"\r\n"},
         TCase{"GenericCallOverExpressionAndColumnOfOneTable", TSetting::Generic,
               "SELECT N,MAX(A.,Y)FROM A S",
-              "SELECT \r\n  \"S\".\"N\",\r\n  MAX(A., \"S\".\"Y\") AS FIELD_1\r\nFROM\r\n  \"A\" S\r\n"
+              "SELECT \r\n  \"S\".\"N\",\r\n  MAX(A., \"S\".\"Y\") AS FIELD_1\r\nFROM\r\n  \"A\" "
+              "S\r\n"
               "GROUP BY\r\n  \"S\".\"N\"\r\n"},
         TCase{"GenericCallOverQuotedAliasAndNameBesideJoin", TSetting::Generic,
               "SELECT 's', Y1.K, MIN(X, A1._x) FROM A1 \"my t\" INNER JOIN \"1\" Y1 ON "
@@ -546,18 +551,20 @@ INSTANTIATE_TEST_SUITE_P(
               "SELECT U.x, N FROM U(1) A1, b U",
               "SELECT \r\n  \"U\".\"x\",\r\n  \"U\".\"N\",\r\n  \"A1\".\"N\" AS N1\r\nFROM\r\n"
               "  \"b\" U,\r\n  \"U\"(:1) A1\r\n"},
-        TCase{"GenericProcedureGivesBackWithItsJoins", TSetting::Generic,
-              "SELECT N, U.x FROM U(1) A1 LEFT OUTER JOIN C ON (A1.q = C.q), b U",
-              "SELECT \r\n  \"U\".\"N\",\r\n  \"U\".\"x\",\r\n  \"C\".\"N\" AS N1,\r\n  \"A1\".\"N\" "
-              "AS N2\r\nFROM\r\n  \"b\" U,\r\n  \"U\"(:1) A1 \r\n  LEFT OUTER JOIN \"C\" ON "
-              "(\"A1\".\"q\" = \"C\".\"q\")\r\n"},
+        TCase{
+            "GenericProcedureGivesBackWithItsJoins", TSetting::Generic,
+            "SELECT N, U.x FROM U(1) A1 LEFT OUTER JOIN C ON (A1.q = C.q), b U",
+            "SELECT \r\n  \"U\".\"N\",\r\n  \"U\".\"x\",\r\n  \"C\".\"N\" AS N1,\r\n  \"A1\".\"N\" "
+            "AS N2\r\nFROM\r\n  \"b\" U,\r\n  \"U\"(:1) A1 \r\n  LEFT OUTER JOIN \"C\" ON "
+            "(\"A1\".\"q\" = \"C\".\"q\")\r\n"},
         TCase{"GenericProcedureGivesBackToTheSameProcedure", TSetting::Generic,
               "SELECT N, U.x FROM U(1) A1, U(2)",
               "SELECT \r\n  \"U\".\"N\",\r\n  \"U\".\"x\",\r\n  \"A1\".\"N\" AS N1\r\nFROM\r\n"
               "  \"U\"(:2),\r\n  \"U\"(:1) A1\r\n"},
         TCase{"GenericProcedureGivesBackByQuotedAlias", TSetting::Generic,
               "SELECT COUNT(\"T2\".T2) + 1, N FROM T2(:p) 'ORDER', 'a' \"T2\"",
-              "SELECT \r\n  COUNT(\"T2\".T2) + 1 AS FIELD_1,\r\n  \"T2\".\"N\",\r\n  'ORDER'.\"N\" AS "
+              "SELECT \r\n  COUNT(\"T2\".T2) + 1 AS FIELD_1,\r\n  \"T2\".\"N\",\r\n  'ORDER'.\"N\" "
+              "AS "
               "N1\r\nFROM\r\n  'a' \"T2\",\r\n  \"T2\"(:p) 'ORDER'\r\n"},
         // The entry that gave the qualifier's table back stands where its print reads back:
         // before the tables only FROM named after it (it stood last, so that T I, written
@@ -571,14 +578,16 @@ INSTANTIATE_TEST_SUITE_P(
               "SELECT \r\n  \"T\".\"a\"\r\nFROM\r\n  \"B\" T,\r\n  \"T\" X,\r\n  \"T\" I\r\n"},
         // A table a qualifier made holds no column here (b.* is inside the expression), yet
         // it is read back first: the entry that gave a table back goes after it.
-        TCase{"GenericGivenBackEntryAfterTablesTheSelectListNames", TSetting::Generic,
-              "SELECT MIN(U.x, b.*) + 1 FROM U X, A(1) b, B U",
-              "SELECT \r\n  MIN(U.x, b.*) + 1 AS FIELD_1\r\nFROM\r\n  \"B\" U,\r\n  \"A\"(:1) b,\r\n"
-              "  \"U\" X\r\n"},
+        TCase{
+            "GenericGivenBackEntryAfterTablesTheSelectListNames", TSetting::Generic,
+            "SELECT MIN(U.x, b.*) + 1 FROM U X, A(1) b, B U",
+            "SELECT \r\n  MIN(U.x, b.*) + 1 AS FIELD_1\r\nFROM\r\n  \"B\" U,\r\n  \"A\"(:1) b,\r\n"
+            "  \"U\" X\r\n"},
         // With unqualified columns every table holds some: it is named last.
         TCase{"GenericGivenBackEntryWithUnqualifiedColumnsLast", TSetting::Generic,
               "SELECT N, T.a FROM T X, T I, B T",
-              "SELECT \r\n  \"T\".\"N\",\r\n  \"T\".\"a\",\r\n  \"I\".\"N\" AS N1,\r\n  \"X\".\"N\" AS "
+              "SELECT \r\n  \"T\".\"N\",\r\n  \"T\".\"a\",\r\n  \"I\".\"N\" AS N1,\r\n  "
+              "\"X\".\"N\" AS "
               "N2\r\nFROM\r\n  \"B\" T,\r\n  \"T\" I,\r\n  \"T\" X\r\n"},
         // SELECT A1., A1.S FROM A1 E, A1 P printed E.S and read back: A1 E is found by its
         // alias and merges the table the qualifier A1 made, which the later A1 P took by its
