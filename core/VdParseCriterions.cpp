@@ -243,7 +243,14 @@ TVdCriteriaReader::TStep TVdCriteriaReader::OperatorWord()
         OperatorRead = true;
         return stContinue;
     }
-    if (op || P.Operators().IsCaptionStart(text)) {
+    // An operator cannot begin with a token the scanner read as neither keyword nor comparison
+    // (like%) that only begins with a caption: left pending, it printed against its operand,
+    // which then read it back as part of the left side. Later tokens may (NOT IN-#).
+    const TTokenKind kind = S.TokenKind();
+    const bool captionStart = P.Operators().IsCaptionStart(text);
+    if (op && Pending.empty() && !captionStart && kind != tkKeyword && kind != tkComparison)
+        op = nullptr;
+    if (op || captionStart) {
         if (Pending.empty())
             PendingStart = S.SaveState();
         Pending = text;

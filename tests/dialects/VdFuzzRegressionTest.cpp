@@ -77,6 +77,20 @@ TEST(FuzzRegression, OperatorOutsideTheTablePrintsAsRead)
     EXPECT_EQ(print(printed), printed);
 }
 
+// An operator does not begin with a word the scanner reads as neither keyword nor comparison
+// (like%) that only begins with a caption: read after NOT (T), whose parentheses do not print,
+// it printed as T like% 'a', which reads back as one left side. The word like still reads.
+TEST(FuzzRegression, OperatorBeginningInsideAWordRefused)
+{
+    EXPECT_EQ(Refusal(TSetting::Generic, "SELECT T FROM N WHERE (NOT(T)like%'a')"),
+              "Invalid token 'like%' at position 30 of line 1.");
+    EXPECT_EQ(Refusal(TSetting::Firebird1, "select COUNT,T From N HAVING((NOT(T)like%''))"),
+              "Invalid token 'like%' at position 37 of line 1.");
+    EXPECT_EQ(Refusal(TSetting::Generic, "SELECT T FROM N WHERE (T like'a')"),
+              "accepted, printed as\nSELECT \r\n  \"N\".\"T\"\r\nFROM\r\n  \"N\"\r\nWHERE\r\n  "
+              "(\"T\" LIKE 'a')\r\n");
+}
+
 // Where names are never quoted an empty quoted part of a dotted name printed as nothing (E.):
 // it is refused, as an empty table name is.
 TEST(FuzzRegression, EmptyPartOfDottedNameRefusedWhereNamesAreNotQuoted)

@@ -1,0 +1,1 @@
+9select COUNT,T From N HAVING((NOT(T)like%''))
