@@ -267,10 +267,13 @@ TVdTableDef* TVdSelectParser::ResolveAliasedTable(const std::string& name, const
 {
     TVdTableDefs& tables = TableDefs();
     // SELECT D., O.A FROM D O: where the alias finds the entry's table, in either spelling or
-    // given back, the qualifier D may have made a table of its own as well.
+    // given back, the qualifier D may have made a table of its own as well, which an earlier
+    // entry may have taken by its name.
     const auto noteFoundByAlias = [this, &name](TVdTableDef* found, bool givenBack) {
-        if (found && (givenBack || (found->Name().empty() && !FFromTables.count(found))))
+        if (found && (givenBack || (found->Name().empty() && !FFromTables.count(found)))) {
             FNamedByAlias.emplace(name, found);
+            ReclaimLentTable(name);
+        }
     };
     TVdTableDef* table = FindEntryAlias(alias);
     if (TakenByOther(table, name))
@@ -425,34 +428,63 @@ int TVdSelectParser::TakenTablePosition(int entryAt) const
 // owns.
 TVdTableDef* TVdSelectParser::GiveBackLentTable(const std::string& name, const std::string& alias)
 {
-    const auto lent = FLentTables.find(alias);
+    TVdTableDef* table = TakeLentTable(alias);
+    if (!table)
+        return nullptr;
+    // Name and alias as they are: the joins that name the table by its alias mean the entry
+    // that wrote it, so they do not follow the table, and the joins it owns go with the alias.
+    const std::string takenName = table->Name();
+    const std::string takenAlias = table->Alias();
+    table->SetKeys(name, alias);
+    Unlend(*table, takenName, takenAlias);
+    return table;
+}
+
+// SELECT U.A ... FROM U X, U K: the qualifier U made a table that U X took by its name, but
+// U K, found by its alias, stands for the tables made under its name (MergeQualifierTables),
+// in whatever order FROM names the two. The table becomes the qualifier's again, and U X a
+// table of its own.
+void TVdSelectParser::ReclaimLentTable(const std::string& name)
+{
+    TVdTableDef* table = TakeLentTable(name);
+    if (!table)
+        return;
+    const std::string takenName = table->Name();
+    const std::string takenAlias = table->Alias();
+    table->SetKeys(std::string(), name);
+    Unlend(*table, takenName, takenAlias);
+}
+
+// The table an entry took by its name as an alias, where it is still that entry's.
+TVdTableDef* TVdSelectParser::TakeLentTable(const std::string& key)
+{
+    const auto lent = FLentTables.find(key);
     if (lent == FLentTables.end())
         return nullptr;
     TVdTableDef* table = lent->second;
     FLentTables.erase(lent);
-    if (table->Alias() == alias || table->Alias() == table->Name())
+    if (table->Alias() == key || table->Alias() == table->Name())
         return nullptr;
-    const std::string takenName = table->Name();
-    const std::string takenAlias = table->Alias();
-    // The table is the later entry's from here on, which FROM notes once it is resolved.
-    const auto lender = FFromTables.find(table);
+    return table;
+}
+
+// The entry that had the table (named and aliased as given) becomes a table of its own, with
+// the joins it wrote and its procedure call: its kind and its arguments.
+void TVdSelectParser::Unlend(TVdTableDef& table, const std::string& name, const std::string& alias)
+{
+    const auto lender = FFromTables.find(&table);
     const int lenderAt = lender != FFromTables.end() ? lender->second : 0;
     if (lender != FFromTables.end())
         FFromTables.erase(lender);
-    // Name and alias as they are: the joins that name the table by its alias mean the entry
-    // that wrote it, so they do not follow the table, and the joins it owns go with the alias.
-    table->SetKeys(name, alias);
-    TVdTableDef* taken = AddTable(takenName, takenAlias, TakenTablePosition(lenderAt));
-    taken->JoinDefs().Assign(table->JoinDefs());
-    table->JoinDefs().Clear();
+    TVdTableDef* taken = AddTable(name, alias, TakenTablePosition(lenderAt));
+    taken->JoinDefs().Assign(table.JoinDefs());
+    table.JoinDefs().Clear();
     FFromTables.emplace(taken, lenderAt);
-    // A procedure's call goes with the entry that wrote it: its kind and its arguments.
-    if (table->TableType() != qttTable) {
-        taken->SetTableType(table->TableType());
-        table->SetTableType(qttTable);
-        MoveFields(*table, *taken, true);
+    if (table.TableType() != qttTable) {
+        taken->SetTableType(table.TableType());
+        table.SetTableType(qttTable);
+        MoveFields(table, *taken, true);
     }
-    return table;
 }
 
 // Looks past "(...)" of a procedure call for an alias; returns it as model text, or nothing.

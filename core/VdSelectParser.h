@@ -205,6 +205,9 @@ private:
     std::string PrintableAlias(const std::string& alias) const;
     TVdTableDef* AddTable(const std::string& name, const std::string& alias, int position = -1);
     TVdTableDef* GiveBackLentTable(const std::string& name, const std::string& alias);
+    void ReclaimLentTable(const std::string& name);
+    TVdTableDef* TakeLentTable(const std::string& key);
+    void Unlend(TVdTableDef& table, const std::string& name, const std::string& alias);
     int TakenTablePosition(int entryAt) const;
     std::string PeekAliasAfterParams();
     bool ReadJoinCondition(TVdTableDef*& owner, std::string& ownerField, TVdTableDef* joined,

@@ -609,6 +609,13 @@ INSTANTIATE_TEST_SUITE_P(
         TCase{"InterBase1LaterEntryLeavesTheTableAnEarlierEntryMerges", TSetting::InterBase1,
               "select A1.,A1.S FROM A1 E,A1 P",
               "SELECT \r\n  A1. AS FIELD_1,\r\n  E.S\r\nFROM\r\n  A1 E,\r\n  A1 P\r\n"},
+        // FROM U a, V, U K: U K, found by its alias, stands for the table the qualifier U made
+        // though U a took it by its name first: printed after K, U a had taken the table on
+        // reading back only in this order (the print puts K first).
+        TCase{"GenericEntryFoundByAliasReclaimsTheTableOfItsName", TSetting::Generic,
+              "SELECT K.y, U.x + 1, V.z FROM U a, V, U K",
+              "SELECT \r\n  \"K\".\"y\",\r\n  U.x + 1 AS FIELD_1,\r\n  \"V\".\"z\"\r\nFROM\r\n"
+              "  \"U\" K,\r\n  \"V\",\r\n  \"U\" a\r\n"},
         // Of two tables it stays text, also around a call over one table.
         TCase{"GenericCallOverTwoTablesStaysText", TSetting::Generic,
               "SELECT N, MAX(A.X, B.Y) FROM A, B",
