@@ -233,12 +233,15 @@ bool TVdSelectParser::TakenByOther(const TVdTableDef* table, const std::string& 
 }
 
 // An alias is found in its quoted spelling too ("X" for X), among the tables FROM took:
-// FROM A "X", B X is refused, FROM T "X", T X names one table.
+// FROM A "X", B X is refused, FROM T "X", T X names one table. Not a dotted one: "a.b" is
+// one name, a.b two.
 TVdTableDef* TVdSelectParser::FindEntryAlias(const std::string& alias) const
 {
     TVdTableDefs& tables = TableDefs();
     if (TVdTableDef* table = tables.FindByAlias(alias))
         return table;
+    if (alias.find('.') != std::string::npos)
+        return nullptr;
     TVdTableDef* spelled = tables.FindByAlias(Scanner().QuotedName(alias));
     return spelled && FFromTables.count(spelled) ? spelled : nullptr;
 }

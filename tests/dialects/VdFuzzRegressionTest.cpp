@@ -285,6 +285,21 @@ TEST(FuzzRegression, ProcedureJoinedBeforeTheEntryItsNameQualifiesReadsBack)
     EXPECT_EQ(parser->GetExpression(), printed);
 }
 
+// Names printed unquoted: the table "a".b prints a.b, which is not the procedure "a.b" in its
+// other spelling ("a.b" is one name, a.b two). Read back, a.b was refused as a second entry
+// of the procedure's alias.
+TEST(FuzzRegression, DottedNameIsNotTheQuotedNameWithADot)
+{
+    const std::unique_ptr<TVdSelectParser> parser = CreateParser(TSetting::Generic);
+    parser->Scanner().SetQuoteIdentifiers(false);
+    parser->SetExpression("SELECT \"a.b\".c * \"a\".b.d FROM \"a\".b, \"a.b\"(1)");
+    const std::string printed = parser->GetExpression();
+    EXPECT_EQ(printed, "SELECT \r\n  \"a.b\".c * \"a\".b.d AS FIELD_1\r\nFROM\r\n  \"a.b\"(:1),\r\n"
+                       "  a.b\r\n");
+    parser->SetExpression(printed);
+    EXPECT_EQ(parser->GetExpression(), printed);
+}
+
 TEST_P(FuzzRegressionRoundTrip, PrintsAndReadsBack)
 {
     const TCase& c = GetParam();
