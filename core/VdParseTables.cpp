@@ -234,13 +234,16 @@ bool TVdSelectParser::TakenByOther(const TVdTableDef* table, const std::string& 
 
 // An alias is found in its quoted spelling too ("X" for X), among the tables FROM took:
 // FROM A "X", B X is refused, FROM T "X", T X names one table. Not a dotted one: "a.b" is
-// one name, a.b two.
+// one name, a.b two (a text of dots only, ".", is no dotted name).
 TVdTableDef* TVdSelectParser::FindEntryAlias(const std::string& alias) const
 {
     TVdTableDefs& tables = TableDefs();
     if (TVdTableDef* table = tables.FindByAlias(alias))
         return table;
-    if (alias.find('.') != std::string::npos)
+    const size_t dot = alias.find('.');
+    const bool dotted = dot != std::string::npos && dot > 0 && alias.back() != '.' &&
+                        alias.find("..") == std::string::npos;
+    if (dotted)
         return nullptr;
     TVdTableDef* spelled = tables.FindByAlias(Scanner().QuotedName(alias));
     return spelled && FFromTables.count(spelled) ? spelled : nullptr;
@@ -316,13 +319,20 @@ TVdTableDef* TVdSelectParser::ResolveAliasedTable(const std::string& name, const
         if (byName && (byName->Alias().empty() || byName->Alias() == name))
             table = byName;
     }
+    // Unqualified columns print qualified by the alias of the table that holds them: read
+    // back, that entry is found by its alias.
+    const bool holdsColumns = !table && !FUnqualified.empty();
     if (!table)
         table = UnnamedTable();
-    if (!table)
-        return AddTable(name, alias);
-    table->SetAlias(alias);
-    if (table->Name().empty())
-        table->SetName(name);
+    if (!table) {
+        table = AddTable(name, alias);
+    } else {
+        table->SetAlias(alias);
+        if (table->Name().empty())
+            table->SetName(name);
+    }
+    if (holdsColumns)
+        noteFoundByAlias(table, true);
     return table;
 }
 

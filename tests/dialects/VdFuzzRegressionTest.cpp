@@ -237,6 +237,9 @@ TEST(FuzzRegression, NameThatQualifiesTwoTablesRefused)
               "Invalid token 'X' at position 24 of line 1.");
     EXPECT_EQ(Refusal(TSetting::Generic, "SELECT I FROM '1' \"a\\\", \"a\\\""),
               "Invalid token 'a\\' at position 26 of line 1.");
+    // A name of dots only is no dotted name: '.' is the other spelling of the alias ".".
+    EXPECT_EQ(Refusal(TSetting::Generic, "SELECT \".\".* AS x, b FROM \"a\" \".\", '.', a.\"a\""),
+              "Invalid token '.' at position 37 of line 1.");
     // The quoted spelling of the alias of the same table is that table (as T, T is one).
     EXPECT_EQ(Refusal(TSetting::Generic, "SELECT N FROM T \"T\", T"),
               "accepted, printed as\nSELECT \r\n  \"T\".\"N\"\r\nFROM\r\n  \"T\" \"T\"\r\n");
@@ -631,6 +634,16 @@ INSTANTIATE_TEST_SUITE_P(
               "SELECT K.y, U.x + 1, V.z FROM U a, V, U K",
               "SELECT \r\n  \"K\".\"y\",\r\n  U.x + 1 AS FIELD_1,\r\n  \"V\".\"z\"\r\nFROM\r\n"
               "  \"U\" K,\r\n  \"V\",\r\n  \"U\" a\r\n"},
+        // With unqualified columns a table FROM adds holds copies of them, printed qualified by
+        // its alias, so that read back the entry is found by it: A "my t" reclaims the table
+        // the qualifier A (in F(a.Y1...)) made from A FIELD_1 here as well.
+        TCase{
+            "InterBase1EntryHoldingUnqualifiedColumnsReclaimsTheTableOfItsName",
+            TSetting::InterBase1,
+            "SELECT a.Y1.x, MIN(Name), COUNT(F(a.Y1.'\"')) FROM a FIELD_1, a.Y1('s'), a \"my t\"",
+            "SELECT \r\n  A.Y1.X,\r\n  MIN(A.Y1.NAME) AS FIELD_1,\r\n  COUNT(F(a.Y1.'\"')) AS "
+            "FIELD_2,\r\n  MIN(MY_T.NAME) AS FIELD_4,\r\n  MIN(FIELD_1.NAME) AS FIELD_5\r\nFROM\r\n"
+            "  A.Y1(:'s'),\r\n  A MY_T,\r\n  A FIELD_1\r\nGROUP BY\r\n  A.Y1.X\r\n"},
         // Of two tables it stays text, also around a call over one table.
         TCase{"GenericCallOverTwoTablesStaysText", TSetting::Generic,
               "SELECT N, MAX(A.X, B.Y) FROM A, B",
