@@ -362,6 +362,10 @@ void TVdSelectParser::DoParseFieldDefs()
 void TVdSelectParser::DoParseFieldDef()
 {
     const bool firstItem = TableDefs().GetFieldCount() == 0 && TableDefs().Count() == 0;
+    // No item begins with a comparison, as the first cannot: ">>" is one token before a blank
+    // but two as the last characters of a text, where a select list without FROM prints it.
+    if (Kind() == tkComparison && !Scanner().TokenQuoted())
+        return Fail();
     TVdFieldDef field;
     TVdTableDef* table = nullptr;
     DoParseExpression(field, table, TTokenKinds{tkKeyword}, "AS", TVdExprContext::SelectList);

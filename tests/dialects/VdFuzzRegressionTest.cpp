@@ -91,6 +91,18 @@ TEST(FuzzRegression, OperatorBeginningInsideAWordRefused)
               "(\"T\" LIKE 'a')\r\n");
 }
 
+// A select item does not begin with a comparison, as the first item cannot: ">>" before a
+// blank is one token, printed last (a select list without FROM) it read back as two.
+TEST(FuzzRegression, SelectItemBeginningWithComparisonRefused)
+{
+    EXPECT_EQ(Refusal(TSetting::MySQL, "select d,>> "),
+              "Invalid token '>>' at position 10 of line 1.");
+    EXPECT_EQ(Refusal(TSetting::MySQL, "select d,>>"),
+              "Invalid token '>' at position 10 of line 1.");
+    EXPECT_EQ(Refusal(TSetting::Generic, "SELECT A, = B FROM T"),
+              "Invalid token '=' at position 11 of line 1.");
+}
+
 // Where names are never quoted an empty quoted part of a dotted name printed as nothing (E.):
 // it is refused, as an empty table name is.
 TEST(FuzzRegression, EmptyPartOfDottedNameRefusedWhereNamesAreNotQuoted)
