@@ -26,12 +26,17 @@ std::string ReadBack(const TVdSQLScanner& scanner, const std::string& printed)
 
 // A quoted name kept with its quotes: as written when it prints as written, else in identifier
 // quotes when those print unchanged ('a.b' would otherwise print split at its dot); empty when
-// neither.
+// neither. dotted: whether the text prints as a part of dotted names, where only identifier
+// quotes keep a dot in it from splitting it ('''.''' splits into ''' and ''', which print as
+// written yet read back as two parts).
 std::string KeptQuoted(const TVdSQLScanner& scanner, const std::string& plain,
-                       const std::string& raw,
+                       const std::string& raw, bool dotted,
                        const std::function<std::string(const std::string&)>& print)
 {
-    if (print(raw) == raw)
+    const bool splits =
+        dotted && scanner.GetQuoteIdentifiers() && raw.front() != scanner.GetIdentQuote() &&
+        plain.find('.') != std::string::npos;
+    if (!splits && print(raw) == raw)
         return raw;
     const std::string requoted = scanner.QuotedName(plain);
     if (print(requoted) != requoted)
@@ -46,7 +51,7 @@ std::string KeptQuoted(const TVdSQLScanner& scanner, const std::string& plain,
 // reads back as once printed. Empty when it cannot be printed as a name at all (a keyword
 // where names are never quoted).
 std::string StringAsName(const TVdSQLScanner& scanner, const std::string& plain,
-                         const std::string& raw, const std::string& printed,
+                         const std::string& raw, const std::string& printed, bool dotted,
                          const std::function<std::string(const std::string&)>& print)
 {
     if (plain.find('.') == std::string::npos) {
@@ -56,7 +61,7 @@ std::string StringAsName(const TVdSQLScanner& scanner, const std::string& plain,
         return print(reread) == printed ? reread : std::string();
     }
     // Without identifier quotes a name with a dot in it cannot be written.
-    return KeptQuoted(scanner, plain, raw, print);
+    return KeptQuoted(scanner, plain, raw, dotted, print);
 }
 
 // A name the text gives quoted is kept without its quotes when printing it brings the same
@@ -64,6 +69,7 @@ std::string StringAsName(const TVdSQLScanner& scanner, const std::string& plain,
 // to itself.
 // fold: whether a name that prints bare may drop its quotes (names, and aliases of dialects
 // that print aliases as names; an alias printed as written keeps the quotes it was given).
+// Such names print as parts of dotted names too.
 std::string ModelText(const TVdSQLScanner& scanner, const std::string& content, bool fold,
                       const std::function<std::string(const std::string&)>& print)
 {
@@ -80,8 +86,8 @@ std::string ModelText(const TVdSQLScanner& scanner, const std::string& content, 
         ReadBack(scanner, printed) == plain)
         return plain;
     if (!scanner.IsIdentQuote(quote))
-        return StringAsName(scanner, plain, raw, printed, print);
-    const std::string quoted = KeptQuoted(scanner, plain, raw, print);
+        return StringAsName(scanner, plain, raw, printed, fold, print);
+    const std::string quoted = KeptQuoted(scanner, plain, raw, fold, print);
     return quoted.empty() ? raw : quoted;
 }
 
@@ -277,7 +283,7 @@ TVdTableDef* TVdSelectParser::ResolveAliasedTable(const std::string& name, const
     // entry may have taken by its name.
     const auto noteFoundByAlias = [this, &name](TVdTableDef* found, bool givenBack) {
         if (found && (givenBack || (found->Name().empty() && !FFromTables.count(found)))) {
-            FNamedByAlias.emplace(name, found);
+            ClaimName(name, *found);
             ReclaimLentTable(name);
         }
     };
@@ -334,6 +340,18 @@ TVdTableDef* TVdSelectParser::ResolveAliasedTable(const std::string& name, const
     if (holdsColumns)
         noteFoundByAlias(table, true);
     return table;
+}
+
+// Of the entries found by their alias under one name, the one standing first among the
+// tables takes the tables that name made. Read back, a print names them in that order, and
+// the first found wins; FROM's order as written does not count (an entry holding copies of
+// unqualified columns is found by its alias when FROM adds it, after those the select list
+// names).
+void TVdSelectParser::ClaimName(const std::string& name, TVdTableDef& entry)
+{
+    const auto [claim, added] = FNamedByAlias.emplace(name, &entry);
+    if (!added && entry.Index() < claim->second->Index())
+        claim->second = &entry;
 }
 
 // SELECT D., O.A FROM D O: the qualifier D made a table, and O another, and this entry is what

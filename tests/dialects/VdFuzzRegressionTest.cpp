@@ -468,6 +468,10 @@ INSTANTIATE_TEST_SUITE_P(
               "SELECT `\\`\"my A1.*, 2, `,`x`", "SELECT \r\n  `\\`\"my A1.*, 2, `,\r\n  `x`"},
         // A string part of a dotted qualifier ('.') holds a dot: the plain text Q.. named the
         // table "Q."."" once its print was read back.
+        // A string part ('''.''', which holds '.') split at its dot all the same: its two
+        // halves each printed as written, and the print read back as an open string.
+        TCase{"GenericStringPartWithQuotesAndDotInQualifier", TSetting::Generic,
+              "SELECT K.'''.'''.x", "SELECT \r\n  \"K\".\"'.'\".\"x\""},
         TCase{"GenericStringPartWithDotInQualifier", TSetting::Generic, "SELECT Q.'.'.c",
               "SELECT \r\n  \"Q\".\".\".\"c\""},
         // A table aliased by a string that reads as an operation ('/') is named so in the
@@ -675,6 +679,16 @@ INSTANTIATE_TEST_SUITE_P(
               "SELECT Y1.\"A\".T, Y1._x AS 'Name', B.*, Y1.* FROM Y1.\"A\", 'Y1' \"a\", B Y1",
               "SELECT \r\n  Y1.A.T,\r\n  Y1._x AS \"Name\",\r\n  Y1.*,\r\n  Y1.*\r\nFROM\r\n"
               "  Y1.A,\r\n  B Y1,\r\n  Y1 \"a\"\r\n"},
+        // Every entry below holds a copy of o, printed qualified by its alias, so read back
+        // each is found by it and the first of them in the print (A1, which the select list
+        // names first) stands for the table the qualifier A0 made. It went to A0 a, the first
+        // that FROM as written named, and the print read back with the tables in another
+        // order.
+        TCase{"InterBase1EntryStandingFirstTakesTheTableOfItsName", TSetting::InterBase1,
+              "select A1.,o,X(A0.)FROM C,A0 E,A0 a,A0 a1",
+              "SELECT \r\n  A1. AS FIELD_1,\r\n  A1.O,\r\n  X(A0.) AS FIELD_2,\r\n  C.O AS "
+              "O1,\r\n  A.O AS O2,\r\n  E.O AS O3\r\nFROM\r\n  A0 A1,\r\n  C,\r\n  A0 A,\r\n"
+              "  A0 E\r\n"},
         TCase{"Firebird1NonAsciiWordTwice", TSetting::Firebird1, "select 1,\xC1,\xC1",
               "SELECT \r\n  1 AS FIELD_1,\r\n  \xC1,\r\n  \xC1 AS FIELD_2"}),
     [](const ::testing::TestParamInfo<TCase>& info) { return std::string(info.param.Name); });

@@ -1,0 +1,1 @@
+Cselect A1.,o,X(A0.)FROM C,A0 E,A0 a,A0 a1
