@@ -3,6 +3,8 @@
 #include "core/VdSelectParser.h"
 
 #include <algorithm>
+#include <unordered_set>
+#include <vector>
 
 namespace vd {
 
@@ -674,6 +676,7 @@ void TVdSelectParser::DoParseJoinDef()
     Next();
     if (Kind() == tkKeyword)
         return Fail();
+    const TVdSQLScanner::TState atJoined = Scanner().SaveState();
     DoParseTableDef();
     if (FState == ssError)
         return;
@@ -685,6 +688,12 @@ void TVdSelectParser::DoParseJoinDef()
     std::string ownerField, joinedField, operation;
     if (!ReadJoinCondition(owner, ownerField, joined, joinedField, operation))
         return Fail();
+    // A table that reaches the owner through its joins cannot be joined to it: FROM prints
+    // the tables no join reaches, and of a ring of joins none.
+    if (JoinsReach(*joined, *owner)) {
+        Scanner().RestoreState(atJoined);
+        return Fail();
+    }
     // A table joined from two tables prints its own joins after each: the same join read
     // again is that join, not one more (which would double at every round trip).
     const TVdJoinDefs& joins = owner->JoinDefs();
@@ -701,6 +710,26 @@ void TVdSelectParser::DoParseJoinDef()
     join->JoinField = joinedField;
     join->Operation = operation;
     join->JoinKind = kind;
+}
+
+// Whether from, or a table its joins join, directly or further on, is to.
+bool TVdSelectParser::JoinsReach(const TVdTableDef& from, const TVdTableDef& to) const
+{
+    std::vector<const TVdTableDef*> pending{&from};
+    std::unordered_set<const TVdTableDef*> seen{&from};
+    while (!pending.empty()) {
+        const TVdTableDef* table = pending.back();
+        pending.pop_back();
+        if (table == &to)
+            return true;
+        const TVdJoinDefs& joins = table->JoinDefs();
+        for (int i = 0; i < joins.Count(); ++i) {
+            const TVdTableDef* joined = TableDefs().FindByAlias(joins.Items(i)->JoinTable);
+            if (joined && seen.insert(joined).second)
+                pending.push_back(joined);
+        }
+    }
+    return false;
 }
 
 // ON (A.X = B.Y): the pair before the comparison is the joined side when it names the joined

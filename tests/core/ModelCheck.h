@@ -121,6 +121,39 @@ inline AssertionResult CheckJoins(const vd::TVdTableDefs& tables)
     return AssertionSuccess();
 }
 
+// No ring of joins: FROM prints the tables no join reaches, each with what its joins reach,
+// and would print none of a ring. Peeling off the tables no remaining join reaches must
+// empty the statement.
+inline AssertionResult CheckNoJoinRing(const vd::TVdTableDefs& tables)
+{
+    std::vector<std::vector<int>> joined(size_t(tables.Count()));
+    std::vector<int> reachedBy(size_t(tables.Count()), 0);
+    for (int t = 0; t < tables.Count(); ++t) {
+        const vd::TVdJoinDefs& joins = tables.Items(t)->JoinDefs();
+        for (int j = 0; j < joins.Count(); ++j)
+            if (const vd::TVdTableDef* to = tables.FindByAlias(joins.Items(j)->JoinTable)) {
+                joined[size_t(t)].push_back(to->Index());
+                ++reachedBy[size_t(to->Index())];
+            }
+    }
+    std::vector<int> free;
+    for (int t = 0; t < tables.Count(); ++t)
+        if (reachedBy[size_t(t)] == 0)
+            free.push_back(t);
+    int peeled = 0;
+    while (!free.empty()) {
+        const int t = free.back();
+        free.pop_back();
+        ++peeled;
+        for (int to : joined[size_t(t)])
+            if (--reachedBy[size_t(to)] == 0)
+                free.push_back(to);
+    }
+    if (peeled != tables.Count())
+        return AssertionFailure() << tables.Count() - peeled << " tables are joined in a ring";
+    return AssertionSuccess();
+}
+
 inline AssertionResult CheckTables(const vd::TVdTableDefs& tables)
 {
     for (int t = 0; t < tables.Count(); ++t) {
@@ -212,7 +245,7 @@ inline AssertionResult CheckModel(const vd::TVdSelectParser& parser)
     if (tables.Parser() != &parser)
         return AssertionFailure() << "the table collection does not know its parser";
     for (const AssertionResult& r :
-         {CheckTables(tables), CheckFieldOrder(tables), CheckJoins(tables)})
+         {CheckTables(tables), CheckFieldOrder(tables), CheckJoins(tables), CheckNoJoinRing(tables)})
         if (!r)
             return r;
     if (parser.WhereItems().Parser() != &parser || parser.HavingItems().Parser() != &parser)

@@ -448,3 +448,20 @@ TEST(VdModelBuild, ClearResetsDistinctAndFilters)
     EXPECT_EQ(name->Alias(), "NAME");
     EXPECT_EQ(p.GetExpression(), "SELECT \r\n  \"T\".\"NAME\"\r\nFROM\r\n  \"T\"\r\n");
 }
+
+// The model check the fuzz targets run knows a ring of joins, which would print no FROM.
+TEST(VdModelBuild, CheckFindsARingOfJoins)
+{
+    TVdSelectParser p;
+    TVdTableDef* a = AddTable(p, "A");
+    TVdTableDef* b = AddTable(p, "B");
+    TVdTableDef* c = AddTable(p, "C");
+    AddField(*a, "X");
+    AddJoin(*a, "X", "B", "Y");
+    AddJoin(*b, "X", "C", "Y");
+    EXPECT_MODEL_OK(p);
+    AddJoin(*c, "X", "A", "Y");
+    const ::testing::AssertionResult ring = CheckModel(p);
+    ASSERT_FALSE(ring);
+    EXPECT_STREQ(ring.message(), "3 tables are joined in a ring");
+}

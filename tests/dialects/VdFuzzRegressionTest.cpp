@@ -279,6 +279,29 @@ TEST(FuzzRegression, JoinConditionWithoutTheJoinedTableRefused)
     EXPECT_EQ(Refusal(TSetting::Generic, "SELECT A.X FROM A INNER JOIN C ON (A.X = C.Y)"), joined);
 }
 
+// A join whose table reaches the owner through joins closes a ring: FROM prints the tables no
+// join reaches, so the statement printed no FROM at all. Refused at the joined table.
+TEST(FuzzRegression, JoinClosingARingRefused)
+{
+    EXPECT_EQ(Refusal(TSetting::Generic,
+                      "SELECT x FROM A INNER JOIN B ON (A.x = B.y) INNER JOIN A ON (B.x = A.y)"),
+              "Invalid token 'A' at position 56 of line 1.");
+    EXPECT_EQ(Refusal(TSetting::Generic, "SELECT x FROM A INNER JOIN B ON (A.x = B.y) INNER JOIN "
+                                         "C ON (B.x = C.y) INNER JOIN A ON (C.x = A.y)"),
+              "Invalid token 'A' at position 84 of line 1.");
+    // The procedure t(...) names the table 't' again (an entry named twice is one table).
+    EXPECT_EQ(Refusal(TSetting::MySQL,
+                      "SELECT x FROM 't' RIGHT JOIN K.Name `U` ON (`U`.\"T2\" = 't'.FIELD_1) "
+                      "FULL OUTER JOIN t(1, FIELD_1) ON (t.FIELD_1 = `U`.`x`)"),
+              "Invalid token 't' at position 85 of line 1.");
+    // A table joined from two tables is no ring.
+    EXPECT_EQ(Refusal(TSetting::Generic, "SELECT A.x FROM A INNER JOIN C ON (A.x = C.y), B "
+                                         "INNER JOIN C ON (B.x = C.y)"),
+              "accepted, printed as\nSELECT \r\n  \"A\".\"x\"\r\nFROM\r\n  \"A\" \r\n  INNER "
+              "JOIN \"C\" ON (\"A\".\"x\" = \"C\".\"y\"),\r\n  \"B\" \r\n  INNER JOIN \"C\" ON "
+              "(\"B\".\"x\" = \"C\".\"y\")\r\n");
+}
+
 // Names printed unquoted: the procedure joined after the entry its name qualifies prints before
 // it (the tables stand in the order of the select list). Read back, it took the qualifier's
 // table by its name and refused to give it to that entry.
