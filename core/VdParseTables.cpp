@@ -26,6 +26,14 @@ std::string ReadBack(const TVdSQLScanner& scanner, const std::string& printed)
     return scanner.IsIdentifier(word) ? word : std::string();
 }
 
+// Whether a name is parts joined by dots, each part holding text (a.b; not ., .a or a..b).
+bool IsDottedName(const std::string& name)
+{
+    const size_t dot = name.find('.');
+    return dot != std::string::npos && dot > 0 && name.back() != '.' &&
+           name.find("..") == std::string::npos;
+}
+
 // A quoted name kept with its quotes: as written when it prints as written, else in identifier
 // quotes when those print unchanged ('a.b' would otherwise print split at its dot); empty when
 // neither. dotted: whether the text prints as a part of dotted names, where only identifier
@@ -248,10 +256,7 @@ TVdTableDef* TVdSelectParser::FindEntryAlias(const std::string& alias) const
     TVdTableDefs& tables = TableDefs();
     if (TVdTableDef* table = tables.FindByAlias(alias))
         return table;
-    const size_t dot = alias.find('.');
-    const bool dotted = dot != std::string::npos && dot > 0 && alias.back() != '.' &&
-                        alias.find("..") == std::string::npos;
-    if (dotted)
+    if (IsDottedName(alias))
         return nullptr;
     TVdTableDef* spelled = tables.FindByAlias(Scanner().QuotedName(alias));
     return spelled && FFromTables.count(spelled) ? spelled : nullptr;
@@ -462,14 +467,8 @@ int TVdSelectParser::TakenTablePosition(int entryAt) const
 TVdTableDef* TVdSelectParser::GiveBackLentTable(const std::string& name, const std::string& alias)
 {
     TVdTableDef* table = TakeLentTable(alias);
-    if (!table)
-        return nullptr;
-    // Name and alias as they are: the joins that name the table by its alias mean the entry
-    // that wrote it, so they do not follow the table, and the joins it owns go with the alias.
-    const std::string takenName = table->Name();
-    const std::string takenAlias = table->Alias();
-    table->SetKeys(name, alias);
-    Unlend(*table, takenName, takenAlias);
+    if (table)
+        Unlend(*table, name, alias);
     return table;
 }
 
@@ -479,13 +478,8 @@ TVdTableDef* TVdSelectParser::GiveBackLentTable(const std::string& name, const s
 // table of its own.
 void TVdSelectParser::ReclaimLentTable(const std::string& name)
 {
-    TVdTableDef* table = TakeLentTable(name);
-    if (!table)
-        return;
-    const std::string takenName = table->Name();
-    const std::string takenAlias = table->Alias();
-    table->SetKeys(std::string(), name);
-    Unlend(*table, takenName, takenAlias);
+    if (TVdTableDef* table = TakeLentTable(name))
+        Unlend(*table, std::string(), name);
 }
 
 // The table an entry took by its name as an alias, where it is still that entry's.
@@ -501,15 +495,21 @@ TVdTableDef* TVdSelectParser::TakeLentTable(const std::string& key)
     return table;
 }
 
-// The entry that had the table (named and aliased as given) becomes a table of its own, with
-// the joins it wrote and its procedure call: its kind and its arguments.
+// The table takes the name and alias given; the entry that had it becomes a table of its own,
+// with its name and alias as they were, the joins it wrote and its procedure call: its kind
+// and its arguments. Keys are set, not renamed: the joins that name the table by its alias
+// mean the entry that wrote it, so they do not follow the table, and the joins it owns go
+// with the alias.
 void TVdSelectParser::Unlend(TVdTableDef& table, const std::string& name, const std::string& alias)
 {
+    const std::string lenderName = table.Name();
+    const std::string lenderAlias = table.Alias();
+    table.SetKeys(name, alias);
     const auto lender = FFromTables.find(&table);
     const int lenderAt = lender != FFromTables.end() ? lender->second : 0;
     if (lender != FFromTables.end())
         FFromTables.erase(lender);
-    TVdTableDef* taken = AddTable(name, alias, TakenTablePosition(lenderAt));
+    TVdTableDef* taken = AddTable(lenderName, lenderAlias, TakenTablePosition(lenderAt));
     taken->JoinDefs().Assign(table.JoinDefs());
     table.JoinDefs().Clear();
     FFromTables.emplace(taken, lenderAt);
