@@ -45,6 +45,9 @@ private:
     bool AfterClose = false;     // the token before was ")"
     bool AfterConnector = false; // a connector was read and nothing after it yet
     bool ForceConnector = false; // read the current word as a connector, not as an operator
+    // NOT stood on the sub-items of the current criterion while it had neither sub-items nor a
+    // left side: a comparison read into the criterion itself would print without the NOT.
+    bool NegatedEmpty = false;
     // For every open "(": true when it is the parenthesis of a NOT, false for a criterion's.
     std::vector<bool> Parentheses;
 };
@@ -54,6 +57,7 @@ void TVdCriteriaReader::SetCurrent(TVdCriterion* criterion)
     Current = criterion;
     LeftRead = false;
     OperatorRead = false;
+    NegatedEmpty = false;
 }
 
 bool TVdCriteriaReader::InOperatorPosition() const
@@ -99,6 +103,7 @@ void TVdCriteriaReader::MoveUp()
     Current = parent;
     // A criterion reached again by moving up is a group, already complete.
     LeftRead = OperatorRead = parent != nullptr;
+    NegatedEmpty = false;
 }
 
 TVdCriteriaReader::TStep TVdCriteriaReader::OpenParenthesis()
@@ -142,7 +147,9 @@ TVdCriteriaReader::TStep TVdCriteriaReader::Operand()
     TVdTableDef* unused = nullptr;
     const TTokenKinds stops{tkKeyword, tkComparison};
     if (Pending.empty()) {
-        if (LeftRead || Current->IsGroup()) {
+        // (NOT A = 1) and (NOT (A = 1)): the NOT is on the criterion's sub-items, the
+        // comparison would be the criterion's own. Its print is (NOT ((A = 1))).
+        if (LeftRead || Current->IsGroup() || NegatedEmpty) {
             P.Fail();
             return stStop;
         }
@@ -270,6 +277,7 @@ TVdCriteriaReader::TStep TVdCriteriaReader::Connector()
     ForceConnector = false;
     if (P.IsWord("NOT")) {
         Target().Filter = cfNone;
+        NegatedEmpty = Current && !Current->IsGroup() && !LeftRead;
         P.Next();
         // NOT (...) is how a cfNone or cfNotAll list prints: that parenthesis is the NOT's own.
         if (P.IsDelimToken('(')) {
