@@ -244,8 +244,8 @@ private:
     std::unordered_map<const TVdTableDef*, int> FFromTables;
     // The tables FROM added, which no qualifier of the select list made.
     std::unordered_set<const TVdTableDef*> FAddedByFrom;
-    // The names of FROM entries found by an alias a qualifier made, each with the such entry
-    // that stands first among the tables (ClaimName, MergeQualifierTables).
+    // The names of FROM entries found by an alias a qualifier made, each with the one of those
+    // entries that stands first among the tables (ClaimName, MergeQualifierTables).
     std::unordered_map<std::string, TVdTableDef*> FNamedByAlias;
     // Calls in the select list whose arguments name tables by two qualifiers (MAX(A.X, S.Y)),
     // by where they start. They are read as text, yet FROM can make their qualifiers one table
