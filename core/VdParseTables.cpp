@@ -34,6 +34,28 @@ bool IsDottedName(const std::string& name)
            name.find("..") == std::string::npos;
 }
 
+// The dots the print of an unquoted name splits it at: each part runs to the first dot after
+// its first character, so a part may begin with a dot (K..x is K and .x, as ".x" reads back).
+struct TPartDots
+{
+    int Count = 0;
+    size_t Last = std::string::npos;
+};
+
+TPartDots SplitDots(const std::string& name)
+{
+    TPartDots dots;
+    for (size_t start = 0; start + 1 < name.size();) {
+        const size_t dot = name.find('.', start + 1);
+        if (dot == std::string::npos)
+            break;
+        ++dots.Count;
+        dots.Last = dot;
+        start = dot + 1;
+    }
+    return dots;
+}
+
 // A quoted name kept with its quotes: as written when it prints as written, else in identifier
 // quotes when those print unchanged ('a.b' would otherwise print split at its dot); empty when
 // neither. dotted: whether the text prints as a part of dotted names, where only identifier
@@ -153,16 +175,15 @@ std::string TVdSelectParser::DottedNameText(const std::string& name, const std::
 std::string TVdSelectParser::TableNameText(const std::string& name) const
 {
     const TVdSQLScanner& scanner = Scanner();
-    const char quote = scanner.GetIdentQuote();
-    const size_t last = name.rfind('.');
-    if (!scanner.GetQuoteIdentifiers() || last == std::string::npos || last == 0 ||
-        name.find(quote) != std::string::npos)
+    if (!scanner.GetQuoteIdentifiers() || name.find(scanner.GetIdentQuote()) != std::string::npos)
         return name;
-    const std::string prefix = name.substr(0, last);
-    if (prefix.find('.', 1) == std::string::npos || script::HasDbDot(name, name.find('.')) ||
-        !scanner.NeedQuotes(prefix))
+    const TPartDots dots = SplitDots(name);
+    if (dots.Count < 2 || script::HasDbDot(name, name.find('.')))
         return name;
-    return scanner.QuotedName(prefix) + name.substr(last);
+    const std::string prefix = name.substr(0, dots.Last);
+    if (!scanner.NeedQuotes(prefix))
+        return name;
+    return scanner.QuotedName(prefix) + name.substr(dots.Last);
 }
 
 bool TVdSelectParser::ReadsBackAsName(const std::string& printed) const

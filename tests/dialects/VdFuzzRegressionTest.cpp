@@ -517,6 +517,12 @@ INSTANTIATE_TEST_SUITE_P(
               "SELECT K.'''.'''.x", "SELECT \r\n  \"K\".\"'.'\".\"x\""},
         TCase{"GenericStringPartWithDotInQualifier", TSetting::Generic, "SELECT Q.'.'.c",
               "SELECT \r\n  \"Q\".\".\".\"c\""},
+        // A table name whose last part begins with a dot (".''", K..'' unquoted) prints split
+        // after K, as two parts; the model quoted K. as if it were the prefix of three parts
+        // and the print named the table "K.".'' (another table, read back as "K."."").
+        TCase{"GenericQuotedLastPartBeginningWithDot", TSetting::Generic,
+              "SELECT A FROM K.\".''\"",
+              "SELECT \r\n  \"K\".\".''\".\"A\"\r\nFROM\r\n  \"K\".\".''\"\r\n"},
         // A table aliased by a string that reads as an operation ('/') is named so in the
         // select list: the list may start with it.
         TCase{"GenericOperationStringAsTableAlias", TSetting::Generic, "SELECT\tA FROM K'/'",
