@@ -193,8 +193,17 @@ bool TVdSelectParser::ReadsBackAsName(const std::string& printed) const
 
 // An alias qualifies the table's columns in the select list: one that would not read back as
 // one name once printed there (a string holding a dot, 'a.b') cannot be a table's alias.
+// Nor can a string holding a dot whose halves each print as a string ('''.'''): it reads back
+// as one string, but a qualifier keeps a string with a dot in identifier quotes ("'.'"), as a
+// part of a dotted name, and would name another table than the alias printed as written.
 bool TVdSelectParser::QualifiesAsAlias(const std::string& alias) const
 {
+    const TVdSQLScanner& scanner = Scanner();
+    const bool writtenString = !alias.empty() && alias.front() != scanner.GetIdentQuote() &&
+                               scanner.IsIdentQuote(alias.front());
+    if (writtenString && scanner.GetQuoteIdentifiers() && !scanner.GetProcessAliases() &&
+        alias.find('.') != std::string::npos)
+        return false;
     return ReadsBackAsName(ProcessItemName(alias));
 }
 

@@ -249,6 +249,25 @@ TEST(FuzzRegression, TableAliasStringWithDotRefused)
               "Invalid token 'a.b' at position 21 of line 1.");
 }
 
+// A string alias whose halves each print as a string ('''.''', the text '.') printed as
+// written, but the qualifier it printed as read back as a part of a dotted name, "'.'", and
+// made a table of its own. Refused where names print quoted; unquoted, the qualifier reads
+// back as written.
+TEST(FuzzRegression, TableAliasStringWithDotBetweenStringsRefused)
+{
+    EXPECT_EQ(Refusal(TSetting::Generic, "SELECT A FROM \" \" '''.'''"),
+              "Invalid token '''.''' at position 20 of line 1.");
+    EXPECT_EQ(Refusal(TSetting::Generic, "SELECT A FROM P(1) '''.'''"),
+              "Invalid token '''.''' at position 21 of line 1.");
+    const std::unique_ptr<TVdSelectParser> parser = CreateParser(TSetting::Generic);
+    parser->Scanner().SetQuoteIdentifiers(false);
+    parser->SetExpression("SELECT A FROM T '''.'''");
+    const std::string printed = parser->GetExpression();
+    EXPECT_EQ(printed, "SELECT \r\n  '''.'''.A\r\nFROM\r\n  T '''.'''\r\n");
+    parser->SetExpression(printed);
+    EXPECT_EQ(parser->GetExpression(), printed);
+}
+
 // A FROM entry whose alias, or name where it has none, is the alias of an earlier entry of
 // another table would qualify two tables: FROM M t, t printed both tables' columns as t.i and
 // read back as one. Refused at that name or alias; the same table twice (FROM T, T) is one.
