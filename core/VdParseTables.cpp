@@ -3,7 +3,6 @@
 #include "core/VdSelectParser.h"
 
 #include <algorithm>
-#include <unordered_set>
 #include <vector>
 
 namespace vd {
@@ -65,9 +64,9 @@ std::string KeptQuoted(const TVdSQLScanner& scanner, const std::string& plain,
                        const std::string& raw, bool dotted,
                        const std::function<std::string(const std::string&)>& print)
 {
-    const bool splits =
-        dotted && scanner.GetQuoteIdentifiers() && raw.front() != scanner.GetIdentQuote() &&
-        plain.find('.') != std::string::npos;
+    const bool splits = dotted && scanner.GetQuoteIdentifiers() &&
+                        raw.front() != scanner.GetIdentQuote() &&
+                        plain.find('.') != std::string::npos;
     if (!splits && print(raw) == raw)
         return raw;
     const std::string requoted = scanner.QuotedName(plain);
@@ -318,8 +317,10 @@ TVdTableDef* TVdSelectParser::ResolveAliasedTable(const std::string& name, const
     // SELECT D., O.A FROM D O: where the alias finds the entry's table, in either spelling or
     // given back, the qualifier D may have made a table of its own as well, which an earlier
     // entry may have taken by its name.
-    const auto noteFoundByAlias = [this, &name](TVdTableDef* found, bool givenBack) {
-        if (found && (givenBack || (found->Name().empty() && !FFromTables.count(found)))) {
+    // ownTable: the table is the entry's whatever made it (given back to it, or holding its
+    // copies of unqualified columns); otherwise only one a qualifier made counts.
+    const auto noteFoundByAlias = [this, &name](TVdTableDef* found, bool ownTable) {
+        if (found && (ownTable || (found->Name().empty() && !FFromTables.count(found)))) {
             ClaimName(name, *found);
             ReclaimLentTable(name);
         }
@@ -720,7 +721,7 @@ void TVdSelectParser::DoParseJoinDef()
         return Fail();
     // A table that reaches the owner through its joins cannot be joined to it: FROM prints
     // the tables no join reaches, and of a ring of joins none.
-    if (JoinsReach(*joined, *owner)) {
+    if (TableDefs().JoinsReach(*joined, *owner)) {
         Scanner().RestoreState(atJoined);
         return Fail();
     }
@@ -740,26 +741,6 @@ void TVdSelectParser::DoParseJoinDef()
     join->JoinField = joinedField;
     join->Operation = operation;
     join->JoinKind = kind;
-}
-
-// Whether from, or a table its joins join, directly or further on, is to.
-bool TVdSelectParser::JoinsReach(const TVdTableDef& from, const TVdTableDef& to) const
-{
-    std::vector<const TVdTableDef*> pending{&from};
-    std::unordered_set<const TVdTableDef*> seen{&from};
-    while (!pending.empty()) {
-        const TVdTableDef* table = pending.back();
-        pending.pop_back();
-        if (table == &to)
-            return true;
-        const TVdJoinDefs& joins = table->JoinDefs();
-        for (int i = 0; i < joins.Count(); ++i) {
-            const TVdTableDef* joined = TableDefs().FindByAlias(joins.Items(i)->JoinTable);
-            if (joined && seen.insert(joined).second)
-                pending.push_back(joined);
-        }
-    }
-    return false;
 }
 
 // ON (A.X = B.Y): the pair before the comparison is the joined side when it names the joined

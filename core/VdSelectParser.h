@@ -211,7 +211,6 @@ private:
     void Unlend(TVdTableDef& table, const std::string& name, const std::string& alias);
     int TakenTablePosition(int entryAt) const;
     std::string PeekAliasAfterParams();
-    bool JoinsReach(const TVdTableDef& from, const TVdTableDef& to) const;
     bool ReadJoinCondition(TVdTableDef*& owner, std::string& ownerField, TVdTableDef* joined,
                            std::string& joinedField, std::string& operation);
 

@@ -371,6 +371,26 @@ private:
 
 } // namespace
 
+bool TVdTableDefs::JoinsReach(const TVdTableDef& from, const TVdTableDef& to) const
+{
+    TSmallSet<const TVdTableDef*> seen;
+    seen.Insert(&from);
+    std::vector<const TVdTableDef*> pending{&from};
+    while (!pending.empty()) {
+        const TVdTableDef* table = pending.back();
+        pending.pop_back();
+        if (table == &to)
+            return true;
+        const TVdJoinDefs& joins = table->JoinDefs();
+        for (int j = 0; j < joins.Count(); ++j) {
+            const TVdTableDef* joined = FindByAlias(joins.Items(j)->JoinTable);
+            if (joined && seen.Insert(joined))
+                pending.push_back(joined);
+        }
+    }
+    return false;
+}
+
 void TVdTableDefs::AppendJoins(const TVdTableDef& root, std::string& out) const
 {
     auto appendOwn = [&out](const TVdTableDef& table) {

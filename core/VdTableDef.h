@@ -94,6 +94,8 @@ public:
     // name, or name1, name2, ... when forced or while another field has that alias.
     std::string GetUniqueAlias(const std::string& name, bool force);
     bool IsTableJoined(const TVdTableDef& table) const;
+    // Whether from, or a table its joins join, directly or further on, is to.
+    bool JoinsReach(const TVdTableDef& from, const TVdTableDef& to) const;
     int GetFieldCount() const { return FFieldCount; }
     TVdFieldDef* GetFieldDefs(int index) const;
     // Deletes every join whose table or field is missing.

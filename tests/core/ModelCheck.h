@@ -244,8 +244,8 @@ inline AssertionResult CheckModel(const vd::TVdSelectParser& parser)
     const vd::TVdTableDefs& tables = parser.TableDefs();
     if (tables.Parser() != &parser)
         return AssertionFailure() << "the table collection does not know its parser";
-    for (const AssertionResult& r :
-         {CheckTables(tables), CheckFieldOrder(tables), CheckJoins(tables), CheckNoJoinRing(tables)})
+    for (const AssertionResult& r : {CheckTables(tables), CheckFieldOrder(tables),
+                                     CheckJoins(tables), CheckNoJoinRing(tables)})
         if (!r)
             return r;
     if (parser.WhereItems().Parser() != &parser || parser.HavingItems().Parser() != &parser)
