@@ -35,8 +35,7 @@ bool IsDottedName(const std::string& name)
 
 // The dots the print of an unquoted name splits it at: each part runs to the first dot after
 // its first character, so a part may begin with a dot (K..x is K and .x, as ".x" reads back).
-struct TPartDots
-{
+struct TPartDots {
     int Count = 0;
     size_t Last = std::string::npos;
 };

@@ -539,8 +539,7 @@ INSTANTIATE_TEST_SUITE_P(
         // A table name whose last part begins with a dot (".''", K..'' unquoted) prints split
         // after K, as two parts; the model quoted K. as if it were the prefix of three parts
         // and the print named the table "K.".'' (another table, read back as "K."."").
-        TCase{"GenericQuotedLastPartBeginningWithDot", TSetting::Generic,
-              "SELECT A FROM K.\".''\"",
+        TCase{"GenericQuotedLastPartBeginningWithDot", TSetting::Generic, "SELECT A FROM K.\".''\"",
               "SELECT \r\n  \"K\".\".''\".\"A\"\r\nFROM\r\n  \"K\".\".''\"\r\n"},
         // A table aliased by a string that reads as an operation ('/') is named so in the
         // select list: the list may start with it.
