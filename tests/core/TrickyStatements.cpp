@@ -10,12 +10,12 @@ namespace vdtest {
 namespace {
 
 // Words with the troubles names bring: letter case, keywords, function names, generated
-// alias names, blanks, dots, quotes, backslashes, digits, "$".
-constexpr std::array<std::string_view, 40> Words = {
-    "A",    "B",    "T",     "U",    "K",      "X",     "a",     "b",   "t",  "x",
-    "id",   "Name", "ORDER", "From", "select", "count", "MIN",   "T2",  "A1", "FIELD_1",
-    "my t", "a.b",  ".",     "",     " ",      "e.",    "\\",    "a\\", "`",  "a`b",
-    "'",    "\"",   "1",     "_x",   "$",      "Y1",    "RDB$X", "AS",  "ON", "JOIN"};
+// alias names, blanks, dots (also leading a part), quotes, backslashes, digits, "$".
+constexpr std::array<std::string_view, 42> Words = {
+    "A",    "B",     "T",    "U",      "K",     "X",   "a",    "b",   "t",       "x",    "id",
+    "Name", "ORDER", "From", "select", "count", "MIN", "T2",   "A1",  "FIELD_1", "my t", "a.b",
+    ".",    "",      " ",    "e.",     "\\",    "a\\", "`",    "a`b", "'",       "\"",   "1",
+    "_x",   "$",     "Y1",   "RDB$X",  "AS",    "ON",  "JOIN", ".e",  "'.'"};
 
 // Words any dialect reads as a plain name.
 constexpr std::array<std::string_view, 17> PlainWords = {"A",  "B",  "T",       "U",  "K",  "X",
