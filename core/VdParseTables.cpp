@@ -33,8 +33,8 @@ bool IsDottedName(const std::string& name)
            name.find("..") == std::string::npos;
 }
 
-// The dots the print of an unquoted name splits it at: each part runs to the first dot after
-// its first character, so a part may begin with a dot (K..x is K and .x, as ".x" reads back).
+// The dots the print of an unquoted name splits it at, where the scanner ends its parts (K..x
+// is K and .x, as ".x" reads back).
 struct TPartDots {
     int Count = 0;
     size_t Last = std::string::npos;
@@ -43,15 +43,23 @@ struct TPartDots {
 TPartDots SplitDots(const std::string& name)
 {
     TPartDots dots;
-    for (size_t start = 0; start + 1 < name.size();) {
-        const size_t dot = name.find('.', start + 1);
-        if (dot == std::string::npos)
+    for (size_t start = 0;;) {
+        const size_t end = TVdSQLScanner::PartEnd(std::string_view(name).substr(start));
+        if (end == std::string::npos)
             break;
         ++dots.Count;
-        dots.Last = dot;
-        start = dot + 1;
+        dots.Last = start + end;
+        start = dots.Last + 1;
     }
     return dots;
+}
+
+// Whether a text quoted other than in identifier quotes ('a.b') holds a dot, which splits it
+// where it prints as a part of a dotted name: only identifier quotes keep it whole.
+bool SplitsAsPart(const TVdSQLScanner& scanner, const std::string& raw)
+{
+    return scanner.GetQuoteIdentifiers() && raw.front() != scanner.GetIdentQuote() &&
+           raw.find('.') != std::string::npos;
 }
 
 // A quoted name kept with its quotes: as written when it prints as written, else in identifier
@@ -63,9 +71,7 @@ std::string KeptQuoted(const TVdSQLScanner& scanner, const std::string& plain,
                        const std::string& raw, bool dotted,
                        const std::function<std::string(const std::string&)>& print)
 {
-    const bool splits = dotted && scanner.GetQuoteIdentifiers() &&
-                        raw.front() != scanner.GetIdentQuote() &&
-                        plain.find('.') != std::string::npos;
+    const bool splits = dotted && SplitsAsPart(scanner, raw);
     if (!splits && print(raw) == raw)
         return raw;
     const std::string requoted = scanner.QuotedName(plain);
@@ -197,10 +203,8 @@ bool TVdSelectParser::ReadsBackAsName(const std::string& printed) const
 bool TVdSelectParser::QualifiesAsAlias(const std::string& alias) const
 {
     const TVdSQLScanner& scanner = Scanner();
-    const bool writtenString = !alias.empty() && alias.front() != scanner.GetIdentQuote() &&
-                               scanner.IsIdentQuote(alias.front());
-    if (writtenString && scanner.GetQuoteIdentifiers() && !scanner.GetProcessAliases() &&
-        alias.find('.') != std::string::npos)
+    const bool writtenQuoted = !alias.empty() && scanner.IsIdentQuote(alias.front());
+    if (writtenQuoted && !scanner.GetProcessAliases() && SplitsAsPart(scanner, alias))
         return false;
     return ReadsBackAsName(ProcessItemName(alias));
 }

@@ -254,14 +254,14 @@ std::string TVdSQLScanner::ProcessName(const std::string& name) const
         return name;
     const char quote = GetIdentQuote();
     // Without a "." after the first character the whole name is the last part (no prefix).
-    if (name.size() < 2 || name.find('.', 1) == std::string::npos)
+    if (PartEnd(name) == std::string::npos)
         return NeedQuotes(name) ? QuotedName(name) : name;
     std::string prefix;
     bool hasPrefix = false;
     bool anyQuoted = false;
     std::string_view rest(name);
     for (;;) {
-        const size_t dot = rest.size() > 1 ? rest.find('.', 1) : std::string_view::npos;
+        const size_t dot = PartEnd(rest);
         if (dot == std::string_view::npos)
             break;
         std::string_view part;

@@ -112,6 +112,12 @@ public:
     // Whether quote, body, quote reads as one quoted text: no quote inside closes it and the
     // last one does (in MySQL `\`` does not close).
     bool ClosesAtEnd(std::string_view body, char quote) const;
+    // Where ProcessName ends the part that opens rest: at the first "." after its first
+    // character (a part may begin with a dot); npos where rest is its last part.
+    static size_t PartEnd(std::string_view rest)
+    {
+        return rest.size() > 1 ? rest.find('.', 1) : std::string_view::npos;
+    }
     virtual char GetIdentQuote() const;
     virtual bool GetProcessAliases() const;
     virtual bool GetQuoteIdentifiers() const;

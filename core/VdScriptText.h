@@ -62,8 +62,7 @@ inline void AppendItemName(std::string& out, const TVdSelectParser& parser, cons
     // Most names have no "." after their first character: the base scanner's ProcessName
     // then quotes the whole name or keeps it, which is written here in place. Another
     // scanner class may print names its own way, so it is asked.
-    const bool oneWord =
-        firstDot == std::string::npos || (firstDot == 0 && name.find('.', 1) == std::string::npos);
+    const bool oneWord = TVdSQLScanner::PartEnd(name) == std::string::npos;
     if (oneWord && typeid(scanner) == typeid(TVdSQLScanner)) {
         if (quoting && scanner.NeedQuotes(name))
             text::AppendQuoted(out, name, scanner.GetIdentQuote());
