@@ -25,6 +25,16 @@ PACKAGES=(
     libqt6sql6-psql
     libqt6sql6-mysql
     libqt6sql6-ibase
+    qt6-tools-dev
+    qt6-tools-dev-tools
+    libqt6opengl6-dev
+    libqt6svg6-dev
+    qt6-image-formats-plugins
+    fonts-dejavu-core
+    # Real-window screenshots of the demo.
+    xvfb
+    xauth
+    imagemagick
     # Database engines the printed SQL is run on (private instances only).
     postgresql-15
     mariadb-server
