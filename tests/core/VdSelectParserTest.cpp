@@ -186,6 +186,16 @@ TEST(SelectParserEdgeCases, ParenthesisedItemsInsideGroupReadAsOneGroup)
 
 // ---- clause steps ----
 
+TEST(SelectParserEdgeCases, ChainOfJoinsPrintsInTheOrderRead)
+{
+    EXPECT_EQ(Print("SELECT * FROM T INNER JOIN U ON (T.ID = U.T_ID) INNER JOIN V ON (U.ID = V.K) "
+                    "RIGHT OUTER JOIN W ON (T.ID = W.K)"),
+              "SELECT *\r\nFROM\r\n  \"T\" \r\n"
+              "  INNER JOIN \"U\" ON (\"T\".\"ID\" = \"U\".\"T_ID\") \r\n"
+              "  INNER JOIN \"V\" ON (\"U\".\"ID\" = \"V\".\"K\") \r\n"
+              "  RIGHT OUTER JOIN \"W\" ON (\"T\".\"ID\" = \"W\".\"K\")\r\n");
+}
+
 TEST(SelectParserSteps, DistinctIsReadAndResetByTheNextParse)
 {
     TVdSelectParser parser;
