@@ -30,6 +30,8 @@ QString VdResource::AttentionCaption() { return tr("Attention!"); }
 
 QString VdResource::ErrorCaption() { return tr("Error!"); }
 
+QString VdResource::UnknownError() { return tr("Unknown error"); }
+
 QString VdResource::OutputFieldNameHeader() { return tr("Name of output field"); }
 
 QString VdResource::AggregateHeader() { return tr("Aggregate"); }

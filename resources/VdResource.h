@@ -27,6 +27,8 @@ public:
     static QString ConfirmationCaption();
     static QString AttentionCaption();
     static QString ErrorCaption();
+    // Shown for a failure that carries no text of its own
+    static QString UnknownError();
 
     // Selection page
     static QString OutputFieldNameHeader();
