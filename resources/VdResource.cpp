@@ -16,236 +16,401 @@ QString ReplaceFirst(QString text, const QString& placeholder, const QString& va
 
 } // namespace
 
-QString VdResource::CriteriaSheet() { return tr("Criteria"); }
+QString VdResource::CriteriaSheet()
+{
+    return QCoreApplication::translate("VdResource", "Criteria");
+}
 
-QString VdResource::SelectionSheet() { return tr("Selection"); }
+QString VdResource::SelectionSheet()
+{
+    return QCoreApplication::translate("VdResource", "Selection");
+}
 
-QString VdResource::GroupingCriteriaSheet() { return tr("Grouping criteria"); }
+QString VdResource::GroupingCriteriaSheet()
+{
+    return QCoreApplication::translate("VdResource", "Grouping criteria");
+}
 
-QString VdResource::SortingSheet() { return tr("Sorting"); }
+QString VdResource::SortingSheet() { return QCoreApplication::translate("VdResource", "Sorting"); }
 
-QString VdResource::ConfirmationCaption() { return tr("Confirmation"); }
+QString VdResource::ConfirmationCaption()
+{
+    return QCoreApplication::translate("VdResource", "Confirmation");
+}
 
-QString VdResource::AttentionCaption() { return tr("Attention!"); }
+QString VdResource::AttentionCaption()
+{
+    return QCoreApplication::translate("VdResource", "Attention!");
+}
 
-QString VdResource::ErrorCaption() { return tr("Error!"); }
+QString VdResource::ErrorCaption() { return QCoreApplication::translate("VdResource", "Error!"); }
 
-QString VdResource::UnknownError() { return tr("Unknown error"); }
+QString VdResource::UnknownError()
+{
+    return QCoreApplication::translate("VdResource", "Unknown error");
+}
 
-QString VdResource::OutputFieldNameHeader() { return tr("Name of output field"); }
+QString VdResource::OutputFieldNameHeader()
+{
+    return QCoreApplication::translate("VdResource", "Name of output field");
+}
 
-QString VdResource::AggregateHeader() { return tr("Aggregate"); }
+QString VdResource::AggregateHeader()
+{
+    return QCoreApplication::translate("VdResource", "Aggregate");
+}
 
-QString VdResource::SourceFieldNameHeader() { return tr("Source field name"); }
+QString VdResource::SourceFieldNameHeader()
+{
+    return QCoreApplication::translate("VdResource", "Source field name");
+}
 
-QString VdResource::DeleteCurrentRowItem() { return tr("Delete current row"); }
+QString VdResource::DeleteCurrentRowItem()
+{
+    return QCoreApplication::translate("VdResource", "Delete current row");
+}
 
-QString VdResource::SelectUniqueRecordsBox() { return tr("Select only unique records"); }
+QString VdResource::SelectUniqueRecordsBox()
+{
+    return QCoreApplication::translate("VdResource", "Select only unique records");
+}
 
 QString VdResource::DeleteCurrentRowQuestion()
 {
-    return tr("Are you sure you want to delete current row?");
+    return QCoreApplication::translate("VdResource",
+                                       "Are you sure you want to delete current row?");
 }
 
-QString VdResource::CantDeleteLastRow() { return tr("Can't delete last row!"); }
+QString VdResource::CantDeleteLastRow()
+{
+    return QCoreApplication::translate("VdResource", "Can't delete last row!");
+}
 
-QString VdResource::InvalidSelectGridParent() { return tr("Invalid parent for SelectGrid"); }
+QString VdResource::InvalidSelectGridParent()
+{
+    return QCoreApplication::translate("VdResource", "Invalid parent for SelectGrid");
+}
 
-QString VdResource::InvalidOrderPanelParent() { return tr("Invalid parent for OrderPanel"); }
+QString VdResource::InvalidOrderPanelParent()
+{
+    return QCoreApplication::translate("VdResource", "Invalid parent for OrderPanel");
+}
 
-QString VdResource::OutputFieldsLabel() { return tr("Output fields"); }
+QString VdResource::OutputFieldsLabel()
+{
+    return QCoreApplication::translate("VdResource", "Output fields");
+}
 
-QString VdResource::SortedFieldsColumn() { return tr("Sorted fields"); }
+QString VdResource::SortedFieldsColumn()
+{
+    return QCoreApplication::translate("VdResource", "Sorted fields");
+}
 
-QString VdResource::SortOrderColumn() { return tr("Sort order"); }
+QString VdResource::SortOrderColumn()
+{
+    return QCoreApplication::translate("VdResource", "Sort order");
+}
 
-QString VdResource::AToZButton() { return tr("A..Z"); }
+QString VdResource::AToZButton() { return QCoreApplication::translate("VdResource", "A..Z"); }
 
-QString VdResource::ZToAButton() { return tr("Z..A"); }
+QString VdResource::ZToAButton() { return QCoreApplication::translate("VdResource", "Z..A"); }
 
-QString VdResource::UpButton() { return tr("Up"); }
+QString VdResource::UpButton() { return QCoreApplication::translate("VdResource", "Up"); }
 
-QString VdResource::DownButton() { return tr("Down"); }
+QString VdResource::DownButton() { return QCoreApplication::translate("VdResource", "Down"); }
 
-QString VdResource::Ascending() { return tr("Ascending"); }
+QString VdResource::Ascending() { return QCoreApplication::translate("VdResource", "Ascending"); }
 
-QString VdResource::Descending() { return tr("Descending"); }
+QString VdResource::Descending() { return QCoreApplication::translate("VdResource", "Descending"); }
 
 QString VdResource::InvalidWorkAreaParent()
 {
-    return tr("Given parent is not valid for WorkArea!");
+    return QCoreApplication::translate("VdResource", "Given parent is not valid for WorkArea!");
 }
 
-QString VdResource::TableWithAlias() { return tr("Table with alias"); }
+QString VdResource::TableWithAlias()
+{
+    return QCoreApplication::translate("VdResource", "Table with alias");
+}
 
-QString VdResource::AlreadyExist() { return tr("already exist"); }
+QString VdResource::AlreadyExist()
+{
+    return QCoreApplication::translate("VdResource", "already exist");
+}
 
-QString VdResource::InvalidTableParent() { return tr("Invalid parent for table object!"); }
+QString VdResource::InvalidTableParent()
+{
+    return QCoreApplication::translate("VdResource", "Invalid parent for table object!");
+}
 
-QString VdResource::CollapseExpandTableHint() { return tr("Collapse/Expand table"); }
+QString VdResource::CollapseExpandTableHint()
+{
+    return QCoreApplication::translate("VdResource", "Collapse/Expand table");
+}
 
-QString VdResource::UnlinkTableHint() { return tr("Unlink table"); }
+QString VdResource::UnlinkTableHint()
+{
+    return QCoreApplication::translate("VdResource", "Unlink table");
+}
 
-QString VdResource::CloseTableHint() { return tr("Close table"); }
+QString VdResource::CloseTableHint()
+{
+    return QCoreApplication::translate("VdResource", "Close table");
+}
 
-QString VdResource::UnselectAllFieldsHint() { return tr("Unselect all fields"); }
+QString VdResource::UnselectAllFieldsHint()
+{
+    return QCoreApplication::translate("VdResource", "Unselect all fields");
+}
 
-QString VdResource::SelectAllFieldsHint() { return tr("Select all fields"); }
+QString VdResource::SelectAllFieldsHint()
+{
+    return QCoreApplication::translate("VdResource", "Select all fields");
+}
 
-QString VdResource::EditAliasHint() { return tr("Double click for edit alias"); }
+QString VdResource::EditAliasHint()
+{
+    return QCoreApplication::translate("VdResource", "Double click for edit alias");
+}
 
-QString VdResource::DeleteTableItem() { return tr("Delete table"); }
+QString VdResource::DeleteTableItem()
+{
+    return QCoreApplication::translate("VdResource", "Delete table");
+}
 
-QString VdResource::RenameTableItem() { return tr("Rename table"); }
+QString VdResource::RenameTableItem()
+{
+    return QCoreApplication::translate("VdResource", "Rename table");
+}
 
-QString VdResource::DataFloat() { return tr("Float"); }
+QString VdResource::DataFloat() { return QCoreApplication::translate("VdResource", "Float"); }
 
-QString VdResource::DataInteger() { return tr("Integer"); }
+QString VdResource::DataInteger() { return QCoreApplication::translate("VdResource", "Integer"); }
 
-QString VdResource::DataString() { return tr("String"); }
+QString VdResource::DataString() { return QCoreApplication::translate("VdResource", "String"); }
 
-QString VdResource::DataBoolean() { return tr("Boolean"); }
+QString VdResource::DataBoolean() { return QCoreApplication::translate("VdResource", "Boolean"); }
 
-QString VdResource::DataBCD() { return tr("BCD"); }
+QString VdResource::DataBCD() { return QCoreApplication::translate("VdResource", "BCD"); }
 
-QString VdResource::DataDate() { return tr("Date"); }
+QString VdResource::DataDate() { return QCoreApplication::translate("VdResource", "Date"); }
 
-QString VdResource::DataTime() { return tr("Time"); }
+QString VdResource::DataTime() { return QCoreApplication::translate("VdResource", "Time"); }
 
-QString VdResource::DataDateTime() { return tr("DateTime"); }
+QString VdResource::DataDateTime() { return QCoreApplication::translate("VdResource", "DateTime"); }
 
-QString VdResource::DataBytes() { return tr("Bytes"); }
+QString VdResource::DataBytes() { return QCoreApplication::translate("VdResource", "Bytes"); }
 
-QString VdResource::DataVarBytes() { return tr("VarBytes"); }
+QString VdResource::DataVarBytes() { return QCoreApplication::translate("VdResource", "VarBytes"); }
 
-QString VdResource::DataBlob() { return tr("Blob"); }
+QString VdResource::DataBlob() { return QCoreApplication::translate("VdResource", "Blob"); }
 
-QString VdResource::DataGraphic() { return tr("Graphic"); }
+QString VdResource::DataGraphic() { return QCoreApplication::translate("VdResource", "Graphic"); }
 
-QString VdResource::DataParadoxOle() { return tr("ParadoxOle"); }
+QString VdResource::DataParadoxOle()
+{
+    return QCoreApplication::translate("VdResource", "ParadoxOle");
+}
 
-QString VdResource::DataDBaseOle() { return tr("DBaseOle"); }
+QString VdResource::DataDBaseOle() { return QCoreApplication::translate("VdResource", "DBaseOle"); }
 
-QString VdResource::DataTypedBinary() { return tr("Typed binary"); }
+QString VdResource::DataTypedBinary()
+{
+    return QCoreApplication::translate("VdResource", "Typed binary");
+}
 
-QString VdResource::DataCursor() { return tr("Cursor"); }
+QString VdResource::DataCursor() { return QCoreApplication::translate("VdResource", "Cursor"); }
 
-QString VdResource::DataADT() { return tr("ADT"); }
+QString VdResource::DataADT() { return QCoreApplication::translate("VdResource", "ADT"); }
 
-QString VdResource::DataArray() { return tr("Array"); }
+QString VdResource::DataArray() { return QCoreApplication::translate("VdResource", "Array"); }
 
-QString VdResource::DataReference() { return tr("Reference"); }
+QString VdResource::DataReference()
+{
+    return QCoreApplication::translate("VdResource", "Reference");
+}
 
-QString VdResource::DataDataSet() { return tr("Data set"); }
+QString VdResource::DataDataSet() { return QCoreApplication::translate("VdResource", "Data set"); }
 
-QString VdResource::DataOraBlob() { return tr("Ora blob"); }
+QString VdResource::DataOraBlob() { return QCoreApplication::translate("VdResource", "Ora blob"); }
 
-QString VdResource::DataOraClob() { return tr("Ora clob"); }
+QString VdResource::DataOraClob() { return QCoreApplication::translate("VdResource", "Ora clob"); }
 
-QString VdResource::DataVariant() { return tr("Variant"); }
+QString VdResource::DataVariant() { return QCoreApplication::translate("VdResource", "Variant"); }
 
-QString VdResource::DataInterface() { return tr("Interface"); }
+QString VdResource::DataInterface()
+{
+    return QCoreApplication::translate("VdResource", "Interface");
+}
 
-QString VdResource::DataIDispatch() { return tr("IDispatch"); }
+QString VdResource::DataIDispatch()
+{
+    return QCoreApplication::translate("VdResource", "IDispatch");
+}
 
-QString VdResource::DataGuid() { return tr("Guid"); }
+QString VdResource::DataGuid() { return QCoreApplication::translate("VdResource", "Guid"); }
 
-QString VdResource::InvalidTableInLink() { return tr("Invalid table %s in Link control"); }
+QString VdResource::InvalidTableInLink()
+{
+    return QCoreApplication::translate("VdResource", "Invalid table %s in Link control");
+}
 
-QString VdResource::DeletePointItem() { return tr("Delete point"); }
+QString VdResource::DeletePointItem()
+{
+    return QCoreApplication::translate("VdResource", "Delete point");
+}
 
-QString VdResource::InsertPointItem() { return tr("Insert point"); }
+QString VdResource::InsertPointItem()
+{
+    return QCoreApplication::translate("VdResource", "Insert point");
+}
 
-QString VdResource::DeleteLinkItem() { return tr("Delete link"); }
+QString VdResource::DeleteLinkItem()
+{
+    return QCoreApplication::translate("VdResource", "Delete link");
+}
 
-QString VdResource::PropertyItem() { return tr("Property"); }
+QString VdResource::PropertyItem() { return QCoreApplication::translate("VdResource", "Property"); }
 
 QString VdResource::DeleteLinkQuestion()
 {
-    return tr("Do you really want to delete the link between ");
+    return QCoreApplication::translate("VdResource",
+                                       "Do you really want to delete the link between ");
 }
 
-QString VdResource::And() { return tr("and"); }
+QString VdResource::And() { return QCoreApplication::translate("VdResource", "and"); }
 
-QString VdResource::InvalidIndex() { return tr("Invalid index = %d "); }
+QString VdResource::InvalidIndex()
+{
+    return QCoreApplication::translate("VdResource", "Invalid index = %d ");
+}
 
-QString VdResource::LinkPropertiesCaption() { return tr("Link properties"); }
+QString VdResource::LinkPropertiesCaption()
+{
+    return QCoreApplication::translate("VdResource", "Link properties");
+}
 
-QString VdResource::OkButton() { return tr("OK"); }
+QString VdResource::OkButton() { return QCoreApplication::translate("VdResource", "OK"); }
 
-QString VdResource::CancelButton() { return tr("Cancel"); }
+QString VdResource::CancelButton() { return QCoreApplication::translate("VdResource", "Cancel"); }
 
-QString VdResource::IncludeAllFrom() { return tr("Include all from"); }
+QString VdResource::IncludeAllFrom()
+{
+    return QCoreApplication::translate("VdResource", "Include all from");
+}
 
-QString VdResource::InvalidLink() { return tr("Invalid link"); }
+QString VdResource::InvalidLink()
+{
+    return QCoreApplication::translate("VdResource", "Invalid link");
+}
 
-QString VdResource::JoinTables() { return tr("join tables: "); }
+QString VdResource::JoinTables()
+{
+    return QCoreApplication::translate("VdResource", "join tables: ");
+}
 
-QString VdResource::FilterAll() { return tr("All"); }
+QString VdResource::FilterAll() { return QCoreApplication::translate("VdResource", "All"); }
 
-QString VdResource::FilterAny() { return tr("Any"); }
+QString VdResource::FilterAny() { return QCoreApplication::translate("VdResource", "Any"); }
 
-QString VdResource::FilterNone() { return tr("None"); }
+QString VdResource::FilterNone() { return QCoreApplication::translate("VdResource", "None"); }
 
-QString VdResource::FilterNotAll() { return tr("Not all"); }
+QString VdResource::FilterNotAll() { return QCoreApplication::translate("VdResource", "Not all"); }
 
-QString VdResource::OfFollowingAreMet() { return tr(" of following are met"); }
+QString VdResource::OfFollowingAreMet()
+{
+    return QCoreApplication::translate("VdResource", " of following are met");
+}
 
-QString VdResource::AddConditionItem() { return tr("Add condition"); }
+QString VdResource::AddConditionItem()
+{
+    return QCoreApplication::translate("VdResource", "Add condition");
+}
 
-QString VdResource::MakeComposeConditionItem() { return tr("Make compose condition"); }
+QString VdResource::MakeComposeConditionItem()
+{
+    return QCoreApplication::translate("VdResource", "Make compose condition");
+}
 
-QString VdResource::DeleteConditionItem() { return tr("Delete condition"); }
+QString VdResource::DeleteConditionItem()
+{
+    return QCoreApplication::translate("VdResource", "Delete condition");
+}
 
-QString VdResource::ExpandConditionItem() { return tr("Expand condition"); }
+QString VdResource::ExpandConditionItem()
+{
+    return QCoreApplication::translate("VdResource", "Expand condition");
+}
 
-QString VdResource::CollapseConditionItem() { return tr("Collapse condition"); }
+QString VdResource::CollapseConditionItem()
+{
+    return QCoreApplication::translate("VdResource", "Collapse condition");
+}
 
-QString VdResource::InsertFieldItem() { return tr("Insert field"); }
+QString VdResource::InsertFieldItem()
+{
+    return QCoreApplication::translate("VdResource", "Insert field");
+}
 
-QString VdResource::InsertFieldHint() { return tr("Press Shift+Enter to insert field"); }
+QString VdResource::InsertFieldHint()
+{
+    return QCoreApplication::translate("VdResource", "Press Shift+Enter to insert field");
+}
 
 QString VdResource::InvalidConditionsPanelParent()
 {
-    return tr("Invalid parent for conditions panel");
+    return QCoreApplication::translate("VdResource", "Invalid parent for conditions panel");
 }
 
-QString VdResource::NoActiveButton() { return tr("There is no active button"); }
+QString VdResource::NoActiveButton()
+{
+    return QCoreApplication::translate("VdResource", "There is no active button");
+}
 
 QString VdResource::ConditionAlreadyComposed()
 {
-    return tr("Selected condition is already composed");
+    return QCoreApplication::translate("VdResource", "Selected condition is already composed");
 }
 
-QString VdResource::CantDeleteFirstRow() { return tr("Can't delete first row"); }
+QString VdResource::CantDeleteFirstRow()
+{
+    return QCoreApplication::translate("VdResource", "Can't delete first row");
+}
 
 QString VdResource::CantExpandCollapseSimple()
 {
-    return tr("Can't expand/collapse simple condition");
+    return QCoreApplication::translate("VdResource", "Can't expand/collapse simple condition");
 }
 
-QString VdResource::CantCollapseFirst() { return tr("Can't collapse first condition"); }
+QString VdResource::CantCollapseFirst()
+{
+    return QCoreApplication::translate("VdResource", "Can't collapse first condition");
+}
 
 QString VdResource::DeleteConditionQuestion()
 {
-    return tr("Are you sure you want to delete current condition(s)?");
+    return QCoreApplication::translate("VdResource",
+                                       "Are you sure you want to delete current condition(s)?");
 }
 
-QString VdResource::TypeMismatch() { return tr("Type mismatch in expression"); }
+QString VdResource::TypeMismatch()
+{
+    return QCoreApplication::translate("VdResource", "Type mismatch in expression");
+}
 
-QString VdResource::FirstLabel() { return tr("First"); }
+QString VdResource::FirstLabel() { return QCoreApplication::translate("VdResource", "First"); }
 
-QString VdResource::SkipLabel() { return tr("Skip"); }
+QString VdResource::SkipLabel() { return QCoreApplication::translate("VdResource", "Skip"); }
 
-QString VdResource::RowsLabel() { return tr("Rows"); }
+QString VdResource::RowsLabel() { return QCoreApplication::translate("VdResource", "Rows"); }
 
-QString VdResource::ToLabel() { return tr("To"); }
+QString VdResource::ToLabel() { return QCoreApplication::translate("VdResource", "To"); }
 
-QString VdResource::ByLabel() { return tr("By"); }
+QString VdResource::ByLabel() { return QCoreApplication::translate("VdResource", "By"); }
 
-QString VdResource::PercentBox() { return tr("Percent"); }
+QString VdResource::PercentBox() { return QCoreApplication::translate("VdResource", "Percent"); }
 
-QString VdResource::WithTiesBox() { return tr("With ties"); }
+QString VdResource::WithTiesBox() { return QCoreApplication::translate("VdResource", "With ties"); }
 
 QString VdResource::TableAliasExists(const QString& alias)
 {

@@ -1,9 +1,10 @@
 #pragma once
 
-// Every text the builder shows a user, in one place and through tr(), so that Qt Linguist
-// finds them all under the one context "vd::VdResource". The English texts are the
-// library's own wording and are compared as text in a few places (the sort order column),
-// so a translation must translate them consistently.
+// Every text the builder shows a user, in one place and translated through
+// QCoreApplication::translate under the one context "VdResource", written out in each call so
+// that lupdate files every text under exactly the context used at run time. The English texts are
+// the library's own wording and are compared as text in a few places (the sort order column), so a
+// translation must translate them consistently.
 
 #include "core/VdCriteria.h" // TVdCriterionFilter
 
@@ -14,8 +15,6 @@ namespace vd {
 
 class VdResource
 {
-    Q_DECLARE_TR_FUNCTIONS(vd::VdResource)
-
 public:
     // The four pages of the builder
     static QString CriteriaSheet();

@@ -17,7 +17,7 @@ public:
     QString translate(const char* context, const char* sourceText, const char* = nullptr,
                       int = -1) const override
     {
-        if (QByteArray(context) != "vd::VdResource")
+        if (QByteArray(context) != "VdResource")
             return QString();
         return QStringLiteral("<") + QString::fromUtf8(sourceText) + QStringLiteral(">");
     }
