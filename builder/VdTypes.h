@@ -4,6 +4,8 @@
 // because the namespace's meta object (Q_NAMESPACE) can be declared only once: the form
 // designer and QMetaProperty read the enums and flags by name through it.
 
+#include "dialects/VdIBScanner.h" // TVdSQLDialect, TVdIBSQLServer (core)
+
 #include <QFlags>
 #include <QObject>
 
@@ -46,6 +48,18 @@ Q_FLAG_NS(TVdVisibleTabs)
 
 inline constexpr TVdVisibleTabs AllVisibleTabs =
     TVdVisibleTabs(vdtCriterions | vdtSelection | vdtGroupCriterions | vdtSorting);
+
+// The InterBase builder's published enumerations live in the Qt-free dialect code. moc reads
+// only the text of this header, so it is shown a copy of them here; the compiler sees the real
+// ones, and the checks below keep the two alike.
+#ifdef Q_MOC_RUN
+enum TVdSQLDialect : std::uint8_t { qibDialect1, qibDialect3 };
+enum TVdIBSQLServer : std::uint8_t { qssInterBase, qssFireBird };
+#endif
+Q_ENUM_NS(TVdSQLDialect)
+Q_ENUM_NS(TVdIBSQLServer)
+static_assert(qibDialect1 == 0 && qibDialect3 == 1);
+static_assert(qssInterBase == 0 && qssFireBird == 1);
 
 } // namespace vd
 
