@@ -249,6 +249,8 @@ private:
     std::unique_ptr<TVdStyle> FStyle;
     TVdVisibleTabs FVisibleTabs;
     int FTabHeight = DefTabHeight;
+    // The sheet that was active when the last visible tab went.
+    int FHiddenActiveSheet = -1;
     bool FDesignMode;
     bool FConstructed = false;
 };

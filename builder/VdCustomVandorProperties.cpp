@@ -186,12 +186,15 @@ void TCustomVandor::SetVisibleTabs(TVdVisibleTabs value)
 {
     if (value == FVisibleTabs)
         return;
+    const bool hadPages = FVisibleTabs.toInt() != 0;
     FVisibleTabs = value;
     if (!FPageControl)
         return;
     TVdPageControl* pages = FPageControl;
     pages->Quietly([&] {
-        const int active = pages->currentIndex();
+        // With every tab hidden no sheet is active, but the one that was comes back with
+        // its tab.
+        const int active = hadPages ? pages->currentIndex() : FHiddenActiveSheet;
         const TVdVisibleTab tabs[] = {vdtCriterions, vdtSelection, vdtGroupCriterions, vdtSorting};
         for (int sheet = 3; sheet >= 0; --sheet)
             if (sheet < pages->count())
@@ -212,6 +215,7 @@ void TCustomVandor::SetVisibleTabs(TVdVisibleTabs value)
             if (next >= 0)
                 pages->setCurrentIndex(next);
         }
+        FHiddenActiveSheet = active;
     });
     pages->setVisible(value.toInt() != 0);
     if (QWidget* handle = SplitterHandle())
