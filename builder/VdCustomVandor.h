@@ -217,6 +217,7 @@ protected:
     // edited in a form designer) only the pages are made.
     explicit TCustomVandor(QObject* owner = nullptr, bool designMode = false);
     void Construct();
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void CreateImages();
@@ -229,6 +230,8 @@ private:
     // The visible-tab position of a sheet, -1 when its tab is hidden.
     int VisibleTabIndex(int sheetIndex) const;
     void ApplyTabHeight();
+    // The definition of a table object: by its alias among the aliases.
+    TVdTableDef* FindDef(const QString& alias) const;
     void ChangeSQL();
 
     TVdWorkArea* FWorkArea = nullptr;
@@ -246,6 +249,8 @@ private:
     std::unique_ptr<TVdStyle> FStyle;
     TVdVisibleTabs FVisibleTabs;
     int FTabHeight = DefTabHeight;
+    // The sheet that was active when the last visible tab went.
+    int FHiddenActiveSheet = -1;
     bool FDesignMode;
     bool FConstructed = false;
 };

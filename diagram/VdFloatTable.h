@@ -103,6 +103,7 @@ public:
     QString GetAlias() const;
     // Set once Close has begun: the table is on its way out.
     bool Closing() const { return FClosing; }
+    void SetClosing(bool value) { FClosing = value; }
 
     int Count() const { return int(FItems.size()); }
     TVdListItem* Items(int index) const { return FItems.at(size_t(index)).get(); }
