@@ -3,7 +3,6 @@
 #include "dialects/VdIBParser.h"
 
 #include <QCheckBox>
-#include <QDir>
 #include <QFont>
 #include <QLabel>
 #include <QLineEdit>
@@ -19,12 +18,6 @@ using vd::TVdIBSelectParser;
 namespace {
 
 const std::string kInterBaseBase = "SELECT \r\n  T.A\r\nFROM\r\n  T\r\n";
-
-void SaveShot(QWidget& widget, const QString& name)
-{
-    QDir().mkpath(QStringLiteral(VD_SHOT_DIR));
-    widget.grab().save(QStringLiteral(VD_SHOT_DIR "/") + name + QStringLiteral(".png"));
-}
 
 } // namespace
 
@@ -182,19 +175,4 @@ TEST(VdOptionsPanelTest, FirebirdPanelPlacesItsLabelsAndEdits)
     panel.setFont(tiny);
     EXPECT_EQ(panel.FirstEdit()->pos(), QPoint(30, 6));
     EXPECT_EQ(panel.SkipEdit()->pos(), QPoint(30, 30));
-}
-
-TEST(VdOptionsPanelTest, PanelsRender)
-{
-    TVdIBSelectParser parser;
-    parser.SetExpression("SELECT A FROM T ROWS 10 TO 20 BY 2 PERCENT WITH TIES");
-    TVdIBOptionsPanel ib;
-    ib.SetParser(&parser);
-    ib.resize(ib.sizeHint());
-    TVdFBOptionsPanel fb;
-    fb.resize(fb.sizeHint());
-    SaveShot(ib, QStringLiteral("ib-options-panel"));
-    SaveShot(fb, QStringLiteral("fb-options-panel"));
-    EXPECT_GE(fb.sizeHint().height(), fb.SkipEdit()->geometry().bottom());
-    EXPECT_GE(ib.sizeHint().width(), ib.TiesBox()->sizeHint().width() * 2);
 }
