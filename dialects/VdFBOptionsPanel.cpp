@@ -30,6 +30,8 @@ TVdFBOptionsPanel::TVdFBOptionsPanel(QWidget* parent) : TVdOptionsPanel(parent)
     FSkipEdit = new QLineEdit(this);
     FFirstLabel->setBuddy(FFirstEdit);
     FSkipLabel->setBuddy(FSkipEdit);
+    // The controls sit at fixed places: a layout around the panel must not stretch it.
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     PlaceControls();
     connect(FFirstEdit, &QLineEdit::textChanged, this, &TVdFBOptionsPanel::HandleFirstEditChange);
     connect(FSkipEdit, &QLineEdit::textChanged, this, &TVdFBOptionsPanel::HandleSkipEditChange);
@@ -37,16 +39,19 @@ TVdFBOptionsPanel::TVdFBOptionsPanel(QWidget* parent) : TVdOptionsPanel(parent)
 
 // Labels at (8, 8) and (8, 32), edits at (30, 6) and (30, 30). A font whose label texts are
 // wider than the 22 pixels before the edits moves both edits right just enough, rather than
-// letting the edits cover the labels.
+// letting the edits cover the labels. Each label reaches 2 pixels short of its edit's bottom
+// as it starts 2 below its top, and centres its text, so that label and edit text share a line.
 void TVdFBOptionsPanel::PlaceControls()
 {
-    FFirstLabel->adjustSize();
-    FSkipLabel->adjustSize();
-    FFirstLabel->move(kLabelLeft, 8);
-    FSkipLabel->move(kLabelLeft, 32);
-    const int labelsRight = kLabelLeft + std::max(FFirstLabel->width(), FSkipLabel->width());
-    const int editLeft = std::max(kEditLeft, labelsRight + kLabelGap);
     const int editHeight = FFirstEdit->sizeHint().height();
+    const int labelHeight = std::max(FFirstLabel->sizeHint().height(), editHeight - 4);
+    const int labelWidth =
+        std::max(FFirstLabel->sizeHint().width(), FSkipLabel->sizeHint().width());
+    for (QLabel* label : {FFirstLabel, FSkipLabel})
+        label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    FFirstLabel->setGeometry(kLabelLeft, 8, labelWidth, labelHeight);
+    FSkipLabel->setGeometry(kLabelLeft, 32, labelWidth, labelHeight);
+    const int editLeft = std::max(kEditLeft, kLabelLeft + labelWidth + kLabelGap);
     FFirstEdit->setGeometry(editLeft, 6, kEditWidth, editHeight);
     FSkipEdit->setGeometry(editLeft, 30, kEditWidth, editHeight);
     updateGeometry();

@@ -27,6 +27,8 @@ TVdIBOptionsPanel::TVdIBOptionsPanel(QWidget* parent) : TVdOptionsPanel(parent)
     CreateControls();
     LayOut();
     Wire();
+    // One line of controls: taller would only add empty space in a host's layout.
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
 void TVdIBOptionsPanel::CreateControls()

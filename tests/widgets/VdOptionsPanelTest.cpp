@@ -176,3 +176,16 @@ TEST(VdOptionsPanelTest, FirebirdPanelPlacesItsLabelsAndEdits)
     EXPECT_EQ(panel.FirstEdit()->pos(), QPoint(30, 6));
     EXPECT_EQ(panel.SkipEdit()->pos(), QPoint(30, 30));
 }
+
+TEST(VdOptionsPanelTest, FirebirdLabelsShareTheLineOfTheirEdits)
+{
+    TVdFBOptionsPanel panel;
+    const auto expectCentred = [](const QLabel* label, const QLineEdit* edit) {
+        EXPECT_EQ(label->geometry().center().y(), edit->geometry().center().y());
+        EXPECT_TRUE(label->alignment().testFlag(Qt::AlignVCenter));
+        EXPECT_GE(label->height(), label->sizeHint().height());
+    };
+    expectCentred(panel.FirstLabel(), panel.FirstEdit());
+    expectCentred(panel.SkipLabel(), panel.SkipEdit());
+    EXPECT_FALSE(panel.FirstLabel()->geometry().intersects(panel.SkipLabel()->geometry()));
+}
