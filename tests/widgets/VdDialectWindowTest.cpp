@@ -124,6 +124,7 @@ TEST_F(TDialectWindowTest, InterBaseRowsFollowedByANameFailsToParse)
     IB.SetSQL(QStringLiteral("SELECT A FROM T ROWS X"));
     ASSERT_EQ(IBErrors.size(), 1u);
     EXPECT_EQ(IBErrors[0].Token, "X");
+    EXPECT_EQ(IBErrors[0].Message, "Invalid token 'X' at position 22 of line 1.");
 }
 
 TEST_F(TDialectWindowTest, InterBaseRowsWithFollowedByAnythingButTiesFailsToParse)
@@ -131,6 +132,7 @@ TEST_F(TDialectWindowTest, InterBaseRowsWithFollowedByAnythingButTiesFailsToPars
     IB.SetSQL(QStringLiteral("SELECT A FROM T ROWS 10 WITH LOCK"));
     ASSERT_EQ(IBErrors.size(), 1u);
     EXPECT_EQ(IBErrors[0].Token, "LOCK");
+    EXPECT_EQ(IBErrors[0].Message, "Invalid token 'LOCK' at position 30 of line 1.");
 }
 
 TEST_F(TDialectWindowTest, FirebirdFirstSkipFillsTheOptionsAndPrintsAfterSelect)
@@ -241,7 +243,8 @@ TEST_F(TDialectWindowTest, MySQLSelectOptionsFilterAndLimitAreReadAndPrinted)
 TEST_F(TDialectWindowTest, MySQLStraightJoinTwiceFailsToParse)
 {
     My.SetSQL(QStringLiteral("SELECT STRAIGHT_JOIN STRAIGHT_JOIN A FROM T"));
-    EXPECT_EQ(MyErrors.size(), 1u);
+    ASSERT_EQ(MyErrors.size(), 1u);
+    EXPECT_EQ(MyErrors[0].Message, "Invalid token 'STRAIGHT_JOIN' at position 22 of line 1.");
 }
 
 TEST_F(TDialectWindowTest, MySQLLimitForms)
@@ -253,11 +256,12 @@ TEST_F(TDialectWindowTest, MySQLLimitForms)
     EXPECT_EQ(My.GetSQL().toStdString(), "SELECT \r\n  `T`.`A`\r\nFROM\r\n  `T`\r\nLIMIT 5");
 
     My.SetSQL(QStringLiteral("SELECT A FROM T LIMIT 5, X"));
-    EXPECT_EQ(MyErrors.size(), 1u);
     My.SetSQL(QStringLiteral("SELECT A FROM T LIMIT 5 X"));
-    EXPECT_EQ(MyErrors.size(), 2u);
     My.SetSQL(QStringLiteral("SELECT A FROM T LIMIT 5, 6 ORDER BY A"));
-    EXPECT_EQ(MyErrors.size(), 3u);
+    ASSERT_EQ(MyErrors.size(), 3u);
+    EXPECT_EQ(MyErrors[0].Message, "Invalid token 'X' at position 26 of line 1.");
+    EXPECT_EQ(MyErrors[1].Message, "Invalid token 'X' at position 25 of line 1.");
+    EXPECT_EQ(MyErrors[2].Message, "Invalid token 'ORDER' at position 28 of line 1.");
 }
 
 TEST_F(TDialectWindowTest, MySQLBackslashEscapedAndDoubledQuotesEachMakeOneString)
