@@ -206,6 +206,13 @@ QWidget* TCustomVandor::SplitterHandle() const
 
 void TCustomVandor::ChangeSQL() { emit sqlChanged(); }
 
+void RepaintOwnerViews(QObject* owner, unsigned targets)
+{
+    auto* vandor = qobject_cast<TCustomVandor*>(owner);
+    if (vandor && !vandor->DesignMode())
+        vandor->RepaintViews(targets);
+}
+
 void TCustomVandor::RepaintViews(unsigned targets)
 {
     if ((targets & vdrWorkArea) && FWorkArea)

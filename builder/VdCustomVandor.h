@@ -65,6 +65,9 @@ using TEnterProcParameter =
 // The views a palette or style change repaints.
 enum TVdRepaintTarget : unsigned { vdrWorkArea = 0x1, vdrCriteriaPanels = 0x2 };
 
+// Repaints the targets' views when owner is a builder outside design mode; otherwise nothing.
+void RepaintOwnerViews(QObject* owner, unsigned targets);
+
 // Tag for the constructors of concrete builders that leave Construct to a derived class.
 struct TVdDeferConstruct {
 };

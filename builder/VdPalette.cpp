@@ -5,18 +5,6 @@
 
 namespace vd {
 
-namespace {
-
-// A change repaints only a builder's views, and only outside design mode.
-void RepaintOwner(QObject* owner, unsigned targets)
-{
-    auto* vandor = qobject_cast<TCustomVandor*>(owner);
-    if (vandor && !vandor->DesignMode())
-        vandor->RepaintViews(targets);
-}
-
-} // namespace
-
 TVdPalette::TVdPalette(QObject* owner) : FOwner(owner) {}
 
 void TVdPalette::Store(TColor& field, TColor value, bool criteriaPanels)
@@ -24,7 +12,7 @@ void TVdPalette::Store(TColor& field, TColor value, bool criteriaPanels)
     if (field == value)
         return;
     field = value;
-    RepaintOwner(FOwner, criteriaPanels ? vdrCriteriaPanels : vdrWorkArea);
+    RepaintOwnerViews(FOwner, criteriaPanels ? vdrCriteriaPanels : vdrWorkArea);
 }
 
 void TVdPalette::SetActiveCondition(TColor value) { Store(FActiveCondition, value, true); }

@@ -7,13 +7,6 @@ namespace vd {
 
 namespace {
 
-void RepaintOwner(QObject* owner, unsigned targets)
-{
-    auto* vandor = qobject_cast<TCustomVandor*>(owner);
-    if (vandor && !vandor->DesignMode())
-        vandor->RepaintViews(targets);
-}
-
 [[noreturn]] void RaiseAssign(const QObject* source, const char* target)
 {
     throw EVdError(std::string("Cannot assign a ") +
@@ -29,7 +22,7 @@ void TVdObjectStyle::SetFlat(bool value)
     if (FFlat == value)
         return;
     FFlat = value;
-    RepaintOwner(FOwner, vdrWorkArea);
+    RepaintOwnerViews(FOwner, vdrWorkArea);
 }
 
 void TVdObjectStyle::SetFlatButtons(bool value)
@@ -37,7 +30,7 @@ void TVdObjectStyle::SetFlatButtons(bool value)
     if (FFlatButtons == value)
         return;
     FFlatButtons = value;
-    RepaintOwner(FOwner, vdrWorkArea);
+    RepaintOwnerViews(FOwner, vdrWorkArea);
 }
 
 void TVdObjectStyle::SetBorderKind(TVdBorderKind value)
@@ -45,7 +38,7 @@ void TVdObjectStyle::SetBorderKind(TVdBorderKind value)
     if (FBorderKind == value)
         return;
     FBorderKind = value;
-    RepaintOwner(FOwner, vdrWorkArea);
+    RepaintOwnerViews(FOwner, vdrWorkArea);
 }
 
 void TVdObjectStyle::Assign(const QObject* source)
@@ -70,7 +63,7 @@ void TVdStyle::SetButtonStyle(TVdButtonStyle value)
     if (FButtonStyle == value)
         return;
     FButtonStyle = value;
-    RepaintOwner(FOwner, vdrCriteriaPanels);
+    RepaintOwnerViews(FOwner, vdrCriteriaPanels);
 }
 
 void TVdStyle::SetObjectStyle(TVdObjectStyle* value)
@@ -78,7 +71,7 @@ void TVdStyle::SetObjectStyle(TVdObjectStyle* value)
     if (!value || value == FObjectStyle.get())
         return;
     FObjectStyle->Assign(value);
-    RepaintOwner(FOwner, vdrWorkArea);
+    RepaintOwnerViews(FOwner, vdrWorkArea);
 }
 
 void TVdStyle::Assign(const QObject* source)

@@ -1,6 +1,7 @@
 #include "diagram/VdFloatPanel.h"
 
 #include "builder/VdCustomVandor.h"
+#include "builder/VdDialogService.h"
 #include "builder/VdProc.h"
 #include "builder/VdQtText.h"
 #include "core/VdError.h"
@@ -8,7 +9,6 @@
 #include "diagram/VdLinks.h"
 #include "resources/VdResource.h"
 
-#include <QMessageBox>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -402,11 +402,7 @@ TVdFloatObject* TVdWorkArea::ObjectAt(const QPoint& point, int& hit) const
 void TVdWorkArea::mousePressEvent(QMouseEvent* event)
 {
     // A refusal raised by an object (or by the host through an event) ends here, shown.
-    try {
-        MouseDownAt(event);
-    } catch (const std::exception& error) {
-        QMessageBox::critical(this, windowTitle(), QString::fromUtf8(error.what()));
-    }
+    VdRunGuarded(this, [&] { MouseDownAt(event); });
 }
 
 void TVdWorkArea::MouseDownAt(QMouseEvent* event)

@@ -2,6 +2,13 @@
 
 // The scrolling diagram: owns the table objects, the joins and the links, and reports every
 // change to the builder through its events.
+//
+// What is here: adding tables and procedures (with the host's consent), numbered aliases,
+// placement, links and their joins written into the model, closing and unlinking, clearing,
+// selection, moving a table by its caption, and a plain painting. What waits for the diagram
+// work: the owner-drawn look, dragging fields and tables in from the host, drawing links by
+// dragging between rows, link points and the link properties dialog, alias editing over the
+// caption, resizing, row scrolling and its auto-scroll timer, hints, and the pop-up menus.
 
 #include "builder/VdDataSet.h"
 #include "builder/VdTypes.h"

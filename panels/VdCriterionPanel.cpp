@@ -35,6 +35,22 @@ void RenameQualifiers(TVdCriterions& list, const std::string& newAlias, const st
     }
 }
 
+// The builder passes aliases as the scanner prints them ("C" quoted); the model keeps them
+// as written. "C" -> C, "A""B" -> A"B.
+std::string Unquoted(const TVdSQLScanner& scanner, const std::string& alias)
+{
+    const char quote = scanner.GetIdentQuote();
+    if (alias.size() < 2 || alias.front() != quote || alias.back() != quote)
+        return alias;
+    std::string inner;
+    for (size_t i = 1; i + 1 < alias.size(); ++i) {
+        inner += alias[i];
+        if (alias[i] == quote && alias[i + 1] == quote)
+            ++i;
+    }
+    return inner;
+}
+
 } // namespace
 
 TVdCriterionPanel::TVdCriterionPanel(QWidget* parent) : QWidget(parent)
@@ -69,7 +85,9 @@ void TVdCriterionPanel::ChangeAlias(const QString& newAlias, const QString& oldA
     if (!FParser || newAlias == oldAlias)
         return;
     TVdCriterions& list = FUsesAggregates ? FParser->HavingItems() : FParser->WhereItems();
-    RenameQualifiers(list, ToStdString(newAlias), ToStdString(oldAlias));
+    const TVdSQLScanner& scanner = FParser->Scanner();
+    RenameQualifiers(list, Unquoted(scanner, ToStdString(newAlias)),
+                     Unquoted(scanner, ToStdString(oldAlias)));
     RefreshRows();
 }
 

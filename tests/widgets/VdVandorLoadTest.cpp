@@ -3,6 +3,7 @@
 
 #include "VdFakeHost.h"
 
+#include "builder/VdColor.h"
 #include "builder/VdProc.h"
 #include "builder/VdQtText.h"
 #include "builder/VdSQLVandor.h"
@@ -15,6 +16,8 @@
 #include "panels/VdSelectGrid.h"
 #include "panels/VdSelectPanel.h"
 
+#include <QDir>
+#include <QImage>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
@@ -255,4 +258,17 @@ TEST_F(VdVandorLoadTest, ClearEmptiesModelDiagramAndViews)
     EXPECT_EQ(Vandor.WorkArea()->LinksCount(), 0);
     EXPECT_EQ(Vandor.SelectPanel()->Grid()->DataRowCount(), 0);
     EXPECT_EQ(changed.count(), 1);
+}
+
+TEST_F(VdVandorLoadTest, LoadedBuilderRendersTablesAndPages)
+{
+    Vandor.resize(640, 480);
+    Vandor.SetSQL(QString::fromUtf8(ThreeTables));
+    const QImage shot = Vandor.grab().toImage();
+    ASSERT_TRUE(QDir().mkpath(QStringLiteral(VD_SHOT_DIR)));
+    ASSERT_TRUE(shot.save(QStringLiteral(VD_SHOT_DIR "/builder-loaded.png")));
+    // The front table's caption is painted in the active caption colour at its place.
+    const TVdTable* front = Vandor.WorkArea()->Tables(0);
+    const QPoint caption(front->Left() + front->Width() / 2, front->Top() + 2);
+    EXPECT_EQ(shot.pixelColor(caption), ColorToQColor(Vandor.GetPalette()->ActiveCaption()));
 }
