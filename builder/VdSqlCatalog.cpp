@@ -53,6 +53,17 @@ TFieldType TypeOf(const QString& declared, QMetaType fallback)
     return type != ftUnknown ? type : FieldTypeFromMetaType(fallback);
 }
 
+// Characters of a character column: the catalogue's count, else the driver's (some drivers
+// give bytes); 0 for every other type.
+int CharacterLength(TFieldType type, const TVdDeclaredColumn* column, const QSqlField& field)
+{
+    if (type != ftString && type != ftFixedChar && type != ftWideString)
+        return 0;
+    if (column && column->Length > 0)
+        return column->Length;
+    return field.length() > 0 ? field.length() : 0;
+}
+
 } // namespace
 
 TVdSqlCatalog::TVdSqlCatalog(const QSqlDatabase& db)
@@ -157,9 +168,9 @@ void TVdSqlCatalog::FillRelation(const QString& name, TDataSet& dataSet)
     for (int i = 0; i < record.count(); ++i) {
         const QSqlField field = record.field(i);
         const TVdDeclaredColumn* column = FindColumn(declared, field.name());
-        dataSet.AddField(
-            field.name(), TypeOf(column ? column->Declared : QString(), field.metaType()),
-            field.length() > 0 ? field.length() : 0, field.requiredStatus() == QSqlField::Required);
+        const TFieldType type = TypeOf(column ? column->Declared : QString(), field.metaType());
+        dataSet.AddField(field.name(), type, CharacterLength(type, column, field),
+                         field.requiredStatus() == QSqlField::Required);
     }
 }
 

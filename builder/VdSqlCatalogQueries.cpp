@@ -1,5 +1,6 @@
 #include "builder/VdSqlCatalogQueries.h"
 
+#include <QRegularExpression>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -32,6 +33,14 @@ QList<TVdForeignKey> FoldForeignKeys(const QString& table, const QList<QVariantL
         keys.last().RefColumns << Text(row.value(3));
     }
     return keys;
+}
+
+// VARCHAR(40) holds 40 characters; NUMERIC(10,2) gives no length.
+int DeclaredLength(const QString& declared)
+{
+    static const QRegularExpression single(QStringLiteral("\\(\\s*(\\d+)\\s*\\)"));
+    const QRegularExpressionMatch match = single.match(declared);
+    return match.hasMatch() ? match.captured(1).toInt() : 0;
 }
 
 TParamType ProcDirection(const QString& mode)
@@ -151,7 +160,7 @@ QList<TVdDeclaredColumn> TVdCatalogQueries::SQLiteColumns(const QString& table)
         if (autoIncrement && row.value(5).toInt() == 1 &&
             declared.compare(QLatin1String("INTEGER"), Qt::CaseInsensitive) == 0)
             declared += QStringLiteral(" autoincrement");
-        columns.append(TVdDeclaredColumn{Text(row.value(1)), declared});
+        columns.append(TVdDeclaredColumn{Text(row.value(1)), declared, DeclaredLength(declared)});
     }
     return columns;
 }
@@ -161,7 +170,8 @@ QList<TVdDeclaredColumn> TVdCatalogQueries::PostgreSQLColumns(const QString& tab
     QString schema, name;
     SplitSchema(table, schema, name);
     const QList<QVariantList> rows =
-        Run(QStringLiteral("SELECT column_name, data_type, is_identity, column_default"
+        Run(QStringLiteral("SELECT column_name, data_type, is_identity, column_default,"
+                           " character_maximum_length"
                            " FROM information_schema.columns"
                            " WHERE table_schema = COALESCE(NULLIF(?, ''), current_schema())"
                            " AND table_name = ? ORDER BY ordinal_position"),
@@ -172,7 +182,7 @@ QList<TVdDeclaredColumn> TVdCatalogQueries::PostgreSQLColumns(const QString& tab
         if (Text(row.value(2)) == QLatin1String("YES") ||
             Text(row.value(3)).startsWith(QLatin1String("nextval(")))
             declared += QStringLiteral(" identity");
-        columns.append(TVdDeclaredColumn{Text(row.value(0)), declared});
+        columns.append(TVdDeclaredColumn{Text(row.value(0)), declared, row.value(4).toInt()});
     }
     return columns;
 }
@@ -189,7 +199,7 @@ QList<TVdDeclaredColumn> TVdCatalogQueries::MySQLColumns(const QString& table)
         QString declared = Text(row.value(1));
         if (Text(row.value(2)).contains(QLatin1String("auto_increment"), Qt::CaseInsensitive))
             declared += QStringLiteral(" auto_increment");
-        columns.append(TVdDeclaredColumn{Text(row.value(0)), declared});
+        columns.append(TVdDeclaredColumn{Text(row.value(0)), declared, DeclaredLength(declared)});
     }
     return columns;
 }
@@ -198,7 +208,7 @@ QList<TVdDeclaredColumn> TVdCatalogQueries::FirebirdColumns(const QString& table
 {
     const QList<QVariantList> rows =
         Run(QStringLiteral("SELECT TRIM(rf.RDB$FIELD_NAME), f.RDB$FIELD_TYPE, f.RDB$FIELD_SUB_TYPE,"
-                           " f.RDB$FIELD_SCALE, rf.RDB$IDENTITY_TYPE"
+                           " f.RDB$FIELD_SCALE, rf.RDB$IDENTITY_TYPE, f.RDB$CHARACTER_LENGTH"
                            " FROM RDB$RELATION_FIELDS rf"
                            " JOIN RDB$FIELDS f ON f.RDB$FIELD_NAME = rf.RDB$FIELD_SOURCE"
                            " WHERE rf.RDB$RELATION_NAME = ? ORDER BY rf.RDB$FIELD_POSITION"),
@@ -209,7 +219,7 @@ QList<TVdDeclaredColumn> TVdCatalogQueries::FirebirdColumns(const QString& table
             FirebirdTypeName(row.value(1).toInt(), row.value(2).toInt(), row.value(3).toInt());
         if (!row.value(4).isNull())
             declared += QStringLiteral(" identity");
-        columns.append(TVdDeclaredColumn{Text(row.value(0)), declared});
+        columns.append(TVdDeclaredColumn{Text(row.value(0)), declared, row.value(5).toInt()});
     }
     return columns;
 }

@@ -23,6 +23,7 @@ namespace vd {
 struct TVdDeclaredColumn {
     QString Name;
     QString Declared;
+    int Length = 0; // characters of a character column, where the catalogue says
 };
 
 struct TVdForeignKey {
