@@ -1,5 +1,7 @@
 #include "core/VdJoinDef.h"
 
+#include <atomic>
+
 #include "core/VdScriptText.h"
 #include "core/VdSelectParser.h"
 #include "core/VdTableDef.h"
@@ -30,6 +32,13 @@ void TVdJoinDef::Assign(const TVdCollectionItem& source)
     JoinField = src->JoinField;
     JoinTable = src->JoinTable;
     FieldName = src->FieldName;
+    Sequence = src->Sequence;
+}
+
+std::uint64_t TVdJoinDef::NextSequence()
+{
+    static std::atomic<std::uint64_t> next{0};
+    return next++;
 }
 
 TVdTableDef* TVdJoinDef::GetTableDef() const

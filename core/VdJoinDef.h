@@ -25,6 +25,12 @@ public:
     std::string JoinField;
     std::string JoinTable;
     std::string FieldName;
+    // When the join was made, among all joins: FROM prints joins in this order, as they were
+    // read, whichever table owns them (a copy keeps it).
+    std::uint64_t Sequence = NextSequence();
+
+private:
+    static std::uint64_t NextSequence();
 
 protected:
     // Keep the table collection's count of joins.

@@ -320,6 +320,8 @@ void TVdExpressionReader::Read(TVdFunctionDef& node, TVdTableDef*& table)
     } else if (P.IsNameKind() && P.PeekIs(".")) {
         if (ReadQualified(node, table))
             return;
+    } else if (Context == TVdExprContext::Condition && P.IsDelimToken('(')) {
+        // (A + 1) * 2: the text runs to where its parentheses close, and on.
     } else {
         if (!ReadSingle(node))
             return;

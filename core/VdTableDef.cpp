@@ -9,6 +9,7 @@
 #include <array>
 #include <cctype>
 #include <optional>
+#include <queue>
 #include <string_view>
 #include <unordered_set>
 
@@ -391,38 +392,37 @@ bool TVdTableDefs::JoinsReach(const TVdTableDef& from, const TVdTableDef& to) co
     return false;
 }
 
+// The joins a FROM entry reaches, in the order they were made: a chain of joins means what
+// its order says (T JOIN U ... RIGHT JOIN W is not T RIGHT JOIN W ... JOIN U). A join waits
+// until its own table has been joined in this entry, so every condition names tables
+// already there. Each run of joins of one table follows a blank.
 void TVdTableDefs::AppendJoins(const TVdTableDef& root, std::string& out) const
 {
-    auto appendOwn = [&out](const TVdTableDef& table) {
-        if (table.JoinDefs().Count() == 0)
-            return false;
-        out += ' ';
-        out += table.JoinDefs().GetScript();
-        return true;
-    };
-    if (!appendOwn(root))
+    if (root.JoinDefs().Count() == 0)
         return;
-    // Depth first, as a recursion would go; a table is entered once, so a cycle of joins
-    // cannot loop.
-    struct Frame {
-        const TVdTableDef* Table;
-        int Next;
+    auto later = [](const TVdJoinDef* a, const TVdJoinDef* b) { return a->Sequence > b->Sequence; };
+    std::priority_queue<const TVdJoinDef*, std::vector<const TVdJoinDef*>, decltype(later)> ready(
+        later);
+    auto offer = [&ready](const TVdTableDef& table) {
+        for (int j = 0; j < table.JoinDefs().Count(); ++j)
+            ready.push(table.JoinDefs().Items(j));
     };
-    TSmallSet<const TVdTableDef*> visited;
-    visited.Insert(&root);
-    std::vector<Frame> stack{{&root, 0}};
-    while (!stack.empty()) {
-        Frame& frame = stack.back();
-        if (frame.Next >= frame.Table->JoinDefs().Count()) {
-            stack.pop_back();
-            continue;
-        }
-        const TVdJoinDef* join = frame.Table->JoinDefs().Items(frame.Next++);
+    // A table is entered once, so a cycle of joins cannot loop.
+    TSmallSet<const TVdTableDef*> entered;
+    entered.Insert(&root);
+    offer(root);
+    const TVdTableDef* owner = nullptr;
+    while (!ready.empty()) {
+        const TVdJoinDef* join = ready.top();
+        ready.pop();
+        if (join->GetTableDef() != owner)
+            out += ' ';
+        owner = join->GetTableDef();
+        out += "\r\n  ";
+        out += join->GetScript();
         const TVdTableDef* joined = FindByAlias(join->JoinTable);
-        if (!joined || !visited.Insert(joined))
-            continue;
-        appendOwn(*joined);
-        stack.push_back({joined, 0});
+        if (joined && entered.Insert(joined))
+            offer(*joined);
     }
 }
 

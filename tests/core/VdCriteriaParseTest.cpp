@@ -228,11 +228,11 @@ TEST(CriteriaConnectors, OrChain)
     EXPECT_EQ(WhereShape("A = 1 OR B = 2 or C LIKE 'x'"), "Any(A = 1; B = 2; C LIKE 'x')");
 }
 
-// Without a current criterion a connector only sets the list's filter: the last one wins.
-TEST(CriteriaConnectors, MixedConnectorsAtTopLevelFollowTheLastOne)
+// AND binds tighter than OR: its chain is a group in the OR list.
+TEST(CriteriaConnectors, MixedConnectorsFollowPrecedence)
 {
-    EXPECT_EQ(WhereShape("A = 1 AND B = 2 OR C = 3"), "Any(A = 1; B = 2; C = 3)");
-    EXPECT_EQ(WhereShape("A = 1 OR B = 2 AND C = 3"), "All(A = 1; B = 2; C = 3)");
+    EXPECT_EQ(WhereShape("A = 1 AND B = 2 OR C = 3"), "Any(All(A = 1; B = 2); C = 3)");
+    EXPECT_EQ(WhereShape("A = 1 OR B = 2 AND C = 3"), "Any(A = 1; All(B = 2; C = 3))");
 }
 
 TEST(CriteriaConnectors, ParenthesisedTopLevelItemsAreNoGroup)
@@ -281,7 +281,11 @@ TEST(CriteriaGroups, GroupOfTwoUnderAny)
     EXPECT_EQ(WhereShape("((A = 1) OR (B = 2)) AND (C = 3)"), "All(Any(A = 1; B = 2); C = 3)");
 }
 
-TEST(CriteriaGroups, GroupWithOneItem) { EXPECT_EQ(WhereShape("((A = 1))"), "All(All(A = 1))"); }
+TEST(CriteriaGroups, ParenthesesAroundOneComparisonAddNoGroup)
+{
+    EXPECT_EQ(WhereShape("((A = 1))"), "All(A = 1)");
+    EXPECT_EQ(WhereShape("(((A = 1))) OR ((B = 2))"), "Any(A = 1; B = 2)");
+}
 
 TEST(CriteriaGroups, NestedGroups)
 {
@@ -289,9 +293,9 @@ TEST(CriteriaGroups, NestedGroups)
               "All(Any(A = 1; All(B = 2; Any(C = 3; D = 4))); E = 5)");
 }
 
-TEST(CriteriaGroups, MixedConnectorsInsideAGroupChangeItsFilter)
+TEST(CriteriaGroups, MixedConnectorsInsideAGroupFollowPrecedence)
 {
-    EXPECT_EQ(WhereShape("((A = 1) AND (B = 2) OR (C = 3))"), "All(Any(A = 1; B = 2; C = 3))");
+    EXPECT_EQ(WhereShape("((A = 1) AND (B = 2) OR (C = 3))"), "All(Any(All(A = 1; B = 2); C = 3))");
 }
 
 TEST(CriteriaGroups, SubItemsKeepTheKindOfTheirList)

@@ -3,6 +3,7 @@
 // prints back exactly, or stops with the positioned error it must give; none may crash,
 // overflow the stack or take more than linear time (the sizes are those a slow reader would
 // notice, so a regression shows as a test that runs for minutes).
+#include "core/VdConditionTree.h"
 #include "core/VdSelectParser.h"
 #include "tests/core/HostileText.h"
 
@@ -33,6 +34,7 @@ using vdtest::TSetting;
 constexpr int Deep = 100000;
 constexpr size_t Megabyte = size_t(1) << 20;
 constexpr int Limit = TVdSelectParser::MaxNesting;
+constexpr int GroupLimit = TVdConditionNode::MaxGroupNesting;
 
 const TSetting AllDialects[] = {TSetting::Generic, TSetting::InterBase1, TSetting::InterBase3,
                                 TSetting::Firebird3, TSetting::MySQL};
@@ -181,14 +183,13 @@ TEST(Pathological, WhereParenthesesDeeperThanTheLimitAreRefused)
     EXPECT_TRUE(RaisesParserError(TSetting::Generic, text, 1, "(", 1, 23 + Limit));
 }
 
-TEST(Pathological, WhereParenthesesAtTheLimitReadBack)
+// Parentheses around a comparison add no group, however many.
+TEST(Pathological, WhereParenthesesAtTheLimitAroundAComparisonAddNoGroup)
 {
     const std::string text =
         "SELECT A FROM T WHERE " + Repeat("(", Limit) + "A = 1" + Repeat(")", Limit);
     EXPECT_TRUE(PrintsAndReadsBack(TSetting::Generic, text,
-                                   SelectAFromT(TSetting::Generic) + "WHERE\r\n  " +
-                                       Repeat("(", Limit) + "\"A\" = 1" + Repeat(")", Limit) +
-                                       "\r\n"));
+                                   SelectAFromT(TSetting::Generic) + "WHERE\r\n  (\"A\" = 1)\r\n"));
 }
 
 TEST(Pathological, HavingParenthesesDeeperThanTheLimitAreRefused)
@@ -207,31 +208,43 @@ TEST(Pathological, NotParenthesesDeeperThanTheLimitAreRefused)
     EXPECT_TRUE(RaisesParserError(TSetting::Generic, text, 1, "(", 1, 23 + 5 * Limit + 4));
 }
 
-TEST(Pathological, NotParenthesesAtTheLimitReadBack)
+// Every NOT keeps its meaning: NOT over NOT is a negated group inside a negated list. A
+// negated group prints two parentheses deep, so groups nest at most GroupLimit deep below the
+// clause's list, and the NOT that would open one deeper is refused ("NOT (" is 5 characters).
+TEST(Pathological, NotParenthesesAtTheGroupLimitReadBack)
 {
-    const std::string text =
-        "SELECT A FROM T WHERE " + Repeat("NOT (", Limit) + "A = 1" + Repeat(")", Limit);
+    const std::string text = "SELECT A FROM T WHERE " + Repeat("NOT (", GroupLimit + 1) + "A = 1" +
+                             Repeat(")", GroupLimit + 1);
+    std::string negated = "NOT ((\"A\" = 1))";
+    for (int level = 0; level < GroupLimit; ++level)
+        negated = "NOT ((" + negated + "))";
     EXPECT_TRUE(
         PrintsAndReadsBack(TSetting::Generic, text,
-                           SelectAFromT(TSetting::Generic) + "WHERE\r\n  NOT ((\"A\" = 1))\r\n"));
+                           SelectAFromT(TSetting::Generic) + "WHERE\r\n  " + negated + "\r\n"));
 }
 
-// NOT without parentheses nests nothing: every NOT sets the same filter.
-TEST(Pathological, HundredThousandNotWordsGiveOneFilter)
+TEST(Pathological, NotParenthesesDeeperThanTheGroupLimitAreRefused)
+{
+    const std::string text = "SELECT A FROM T WHERE " + Repeat("NOT (", GroupLimit + 2) + "A = 1" +
+                             Repeat(")", GroupLimit + 2);
+    EXPECT_TRUE(RaisesParserError(TSetting::Generic, text, 1, "NOT", 1, 23 + 5 * (GroupLimit + 1)));
+}
+
+// NOT without parentheses nests too; the NOT one too deep is refused ("NOT " is 4
+// characters).
+TEST(Pathological, HundredThousandNotWordsAreRefusedAtTheLimit)
 {
     const std::string text = "SELECT A FROM T WHERE " + Repeat("NOT ", Deep) + "A = 1";
-    EXPECT_TRUE(
-        PrintsAndReadsBack(TSetting::Generic, text,
-                           SelectAFromT(TSetting::Generic) + "WHERE\r\n  NOT ((\"A\" = 1))\r\n"));
+    EXPECT_TRUE(RaisesParserError(TSetting::Generic, text, 1, "NOT", 1, 23 + 4 * Limit));
 }
 
-// An operand in parentheses is no group: the expression reader stops one ")" early and the
-// last ")" is left over (SELECT A FROM T WHERE A = takes 26 characters).
-TEST(Pathological, ParenthesesAroundAnOperandAreRefusedAtTheLastClose)
+// An operand in parentheses is kept as written, however deep.
+TEST(Pathological, ParenthesesAroundAnOperandAreKeptAsWritten)
 {
-    const std::string text =
-        "SELECT A FROM T WHERE A = " + Repeat("(", Deep) + "1" + Repeat(")", Deep);
-    EXPECT_TRUE(RaisesParserError(TSetting::Generic, text, 1, ")", 1, 26 + 2 * Deep + 1));
+    const std::string operand = Repeat("(", Deep) + "1" + Repeat(")", Deep);
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::Generic, "SELECT A FROM T WHERE A = " + operand,
+                                   SelectAFromT(TSetting::Generic) +
+                                       "WHERE\r\n  (\"A\" = " + operand + ")\r\n"));
 }
 
 // IN keeps its parenthesised list as written, however deep.
@@ -253,11 +266,12 @@ TEST(Pathological, ParenthesesInAFunctionArgumentOfTheSelectList)
     EXPECT_TRUE(RaisesParserError(TSetting::Generic, text, 1, ")", 1, 13 + 2 * Deep + 2));
 }
 
-TEST(Pathological, ParenthesesInAFunctionArgumentOfACondition)
+TEST(Pathological, ParenthesesInAFunctionArgumentOfAConditionAreKeptAsWritten)
 {
-    const std::string text =
-        "SELECT A FROM T WHERE A = COUNT(" + Repeat("(", Deep) + "1" + Repeat(")", Deep) + ")";
-    EXPECT_TRUE(RaisesParserError(TSetting::Generic, text, 1, ")", 1, 32 + 2 * Deep + 2));
+    const std::string argument = Repeat("(", Deep) + "1" + Repeat(")", Deep);
+    EXPECT_TRUE(PrintsAndReadsBack(
+        TSetting::Generic, "SELECT A FROM T WHERE A = COUNT(" + argument + ")",
+        SelectAFromT(TSetting::Generic) + "WHERE\r\n  (\"A\" = COUNT(" + argument + "))\r\n"));
 }
 
 // The "(" of the 257th call is refused; "COUNT(" is 6 characters.
@@ -296,12 +310,15 @@ TEST(Pathological, NestedCallsAtTheLimitReadBack)
 TEST(Pathological, CallsAtTheLimitInsideGroupsAtTheLimitReadBack)
 {
     const std::string inner = Repeat("COUNT(", Limit) + "A" + Repeat(")", Limit) + " = 1";
-    const std::string text =
-        "SELECT A FROM T WHERE " + Repeat("(", Limit) + inner + Repeat(")", Limit);
-    EXPECT_TRUE(PrintsAndReadsBack(TSetting::Generic, text,
-                                   SelectAFromT(TSetting::Generic) + "WHERE\r\n  " +
-                                       Repeat("(", Limit) + Repeat("COUNT(", Limit) + "\"A\"" +
-                                       Repeat(")", Limit) + " = 1" + Repeat(")", Limit) + "\r\n"));
+    const std::string text = "SELECT A FROM T WHERE " + Repeat("(B = 1 AND ", GroupLimit) + inner +
+                             Repeat(")", GroupLimit);
+    std::string group = "(\"B\" = 1) AND \r\n  (" + Repeat("COUNT(", Limit) + "\"A\"" +
+                        Repeat(")", Limit) + " = 1)";
+    for (int level = 1; level < GroupLimit; ++level)
+        group = "(\"B\" = 1) AND \r\n  (" + group + ")";
+    EXPECT_TRUE(
+        PrintsAndReadsBack(TSetting::Generic, text,
+                           SelectAFromT(TSetting::Generic) + "WHERE\r\n  (" + group + ")\r\n"));
 
     auto parser = CreateParser(TSetting::Generic);
     parser->SetExpression(text);
@@ -309,9 +326,9 @@ TEST(Pathological, CallsAtTheLimitInsideGroupsAtTheLimitReadBack)
     copy.Assign(parser->WhereItems());
     ASSERT_EQ(copy.Count(), 1);
     const TVdCriterion* criterion = copy.Items(0);
-    for (int level = 1; level < Limit; ++level) {
-        ASSERT_EQ(criterion->SubItems().Count(), 1) << "level " << level;
-        criterion = criterion->SubItems().Items(0);
+    for (int level = 1; level <= GroupLimit; ++level) {
+        ASSERT_EQ(criterion->SubItems().Count(), 2) << "level " << level;
+        criterion = criterion->SubItems().Items(1);
     }
     EXPECT_FALSE(criterion->IsGroup());
     const TVdFunctionDef* node = &criterion->LeftSide();
@@ -322,6 +339,14 @@ TEST(Pathological, CallsAtTheLimitInsideGroupsAtTheLimitReadBack)
     }
     EXPECT_EQ(node->Name(), "A");
     EXPECT_EQ(node->Kind(), fkIdentifier);
+}
+
+// "(B = 1 AND " is 11 characters; the group that would nest one deeper is refused at its "(".
+TEST(Pathological, GroupsDeeperThanTheGroupLimitAreRefused)
+{
+    const std::string text = "SELECT A FROM T WHERE " + Repeat("(B = 1 AND ", GroupLimit + 1) +
+                             "A = 1" + Repeat(")", GroupLimit + 1);
+    EXPECT_TRUE(RaisesParserError(TSetting::Generic, text, 1, "(", 1, 23 + 11 * GroupLimit));
 }
 
 // An expression column keeps its text as written, however deep its parentheses.
@@ -550,21 +575,32 @@ TEST(Pathological, AndChainOf50000Conditions)
         expected));
 }
 
-// AND and OR change the filter of the one top-level list; the last connector (an OR) decides.
-TEST(Pathological, MixedAndOrChainOf50000ConditionsTakesTheLastConnector)
+// A0 OR A1 AND A2 OR A3 AND A4 ...: AND binds tighter, so the pairs are groups of an OR list.
+std::string MixedChainPrint(int n)
+{
+    std::string out = "(\"A0\" = 0)";
+    for (int i = 1; i < n; i += 2) {
+        out += " OR \r\n  ";
+        const std::string a = "(\"A" + N(i) + "\" = " + N(i) + ")";
+        if (i + 1 < n)
+            out += "(" + a + " AND \r\n  (\"A" + N(i + 1) + "\" = " + N(i + 1) + "))";
+        else
+            out += a;
+    }
+    return out;
+}
+
+TEST(Pathological, MixedAndOrChainOf50000ConditionsFollowsPrecedence)
 {
     const int n = 50000;
     std::string text = "SELECT A FROM T WHERE A0 = 0";
     for (int i = 1; i < n; ++i)
         text += std::string(i % 2 ? " OR " : " AND ") + "A" + N(i) + " = " + N(i);
-    EXPECT_TRUE(PrintsAndReadsBack(
-        TSetting::Generic, text,
-        SelectAFromT(TSetting::Generic) + "WHERE\r\n  " + Join(n, " OR \r\n  ", [](int i) {
-            return "(\"A" + N(i) + "\" = " + N(i) + ")";
-        }) + "\r\n"));
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::Generic, text,
+                                   SelectAFromT(TSetting::Generic) + "WHERE\r\n  " +
+                                       MixedChainPrint(n) + "\r\n"));
 }
 
-// Inside a group standing alone in its list, a changed connector regroups nothing.
 TEST(Pathological, MixedAndOrGroupOf50000Conditions)
 {
     const int n = 50000;
@@ -572,109 +608,25 @@ TEST(Pathological, MixedAndOrGroupOf50000Conditions)
     for (int i = 1; i < n; ++i)
         text += std::string(i % 2 ? " OR " : " AND ") + "(A" + N(i) + " = " + N(i) + ")";
     text += ")";
-    EXPECT_TRUE(PrintsAndReadsBack(
-        TSetting::Generic, text,
-        SelectAFromT(TSetting::Generic) + "WHERE\r\n  (" + Join(n, " OR \r\n  ", [](int i) {
-            return "(\"A" + N(i) + "\" = " + N(i) + ")";
-        }) + ")\r\n"));
+    EXPECT_TRUE(PrintsAndReadsBack(TSetting::Generic, text,
+                                   SelectAFromT(TSetting::Generic) + "WHERE\r\n  (" +
+                                       MixedChainPrint(n) + ")\r\n"));
 }
 
-// A group whose connector changes while its list holds 50,000 items is regrouped: the walk
-// moves A0, A2, ..., A49998 (25,000 items) into a new group before it, skips the new group
-// and the criterion, appends one more (empty) item to the group and then asks for position
-// 25,002 of a list of 25,002 items.
-TEST(Pathological, RegroupingBehind50000ConditionsRaisesTheListError)
+// A connector that changes inside a group behind 50,000 conditions nests that group's items by
+// precedence and leaves the others alone.
+TEST(Pathological, ConnectorChangeBehind50000ConditionsKeepsItsMeaning)
 {
     const int n = 50000;
     const std::string text =
         "SELECT A FROM T WHERE " +
         Join(n, " AND ", [](int i) { return "(A" + N(i) + " = " + N(i) + ")"; }) +
         " AND ((B = 1) AND (C = 2) OR (D = 3))";
-    TVdSelectParser parser;
-    try {
-        parser.SetExpression(text);
-        FAIL() << "no error";
-    } catch (const EVdListError& e) {
-        EXPECT_EQ(e.Index, n / 2 + 2);
-        EXPECT_STREQ(e.what(), ("List index out of bounds (" + N(n / 2 + 2) + ")").c_str());
-    }
-    const TVdCriterions& where = parser.WhereItems();
-    ASSERT_EQ(where.Count(), n / 2 + 2);
-    for (int i = 0; i < n / 2; ++i)
-        ASSERT_EQ(where.Items(i)->LeftSide().Name(), "A" + N(2 * i + 1)) << i;
-    const TVdCriterions& group = where.Items(n / 2)->SubItems();
-    ASSERT_EQ(group.Count(), n / 2 + 1);
-    for (int i = 0; i < n / 2; ++i)
-        ASSERT_EQ(group.Items(i)->LeftSide().Name(), "A" + N(2 * i)) << i;
-    EXPECT_EQ(group.Items(n / 2)->LeftSide().Name(), "");
-    EXPECT_FALSE(group.Items(n / 2)->IsGroup());
-    EXPECT_EQ(where.Items(n / 2 + 1)->SubItems().Count(), 2);
-}
-
-// The regrouping walk of the documented rule, done literally on a list of names: positions
-// 0 to n - 1 after inserting the group, the positions of the group and the criterion re-read
-// at every step; at any other position a new item is appended to the group, the item there
-// copied into it and deleted from the list; past the shortened end the copy fails with the
-// index error, the new item already appended (empty).
-TEST(Pathological, RegroupingFollowsTheWalkForEveryListLength)
-{
-    for (int before = 2; before <= 40; ++before) {
-        SCOPED_TRACE("items before the group: " + N(before));
-        std::vector<std::string> list;
-        for (int i = 0; i < before; ++i)
-            list.push_back("A" + N(i));
-        list.push_back("G"); // the new group, inserted before the criterion
-        list.push_back("C");
-        std::vector<std::string> moved;
-        int failedAt = -1;
-        const int n = int(list.size());
-        for (int i = 0; i < n; ++i) {
-            const auto at = [&](const char* name) {
-                return int(std::find(list.begin(), list.end(), name) - list.begin());
-            };
-            if (i == at("G") || i == at("C"))
-                continue;
-            moved.push_back("");
-            if (i >= int(list.size())) {
-                failedAt = i;
-                break;
-            }
-            moved.back() = list[size_t(i)];
-            list.erase(list.begin() + i);
-        }
-        ASSERT_GE(failedAt, 0);
-
-        const std::string text =
-            "SELECT A FROM T WHERE " +
-            Join(before, " AND ", [](int i) { return "(A" + N(i) + " = " + N(i) + ")"; }) +
-            " AND ((B = 1) AND (C = 2) OR (D = 3))";
-        TVdSelectParser parser;
-        int raised = -1;
-        try {
-            parser.SetExpression(text);
-        } catch (const EVdListError& e) {
-            raised = e.Index;
-        }
-        EXPECT_EQ(raised, failedAt);
-        const TVdCriterions& where = parser.WhereItems();
-        ASSERT_EQ(where.Count(), int(list.size()));
-        for (int i = 0; i < where.Count(); ++i) {
-            const TVdCriterion* item = where.Items(i);
-            if (list[size_t(i)] == "G") {
-                const TVdCriterions& group = item->SubItems();
-                ASSERT_EQ(group.Count(), int(moved.size()));
-                for (int m = 0; m < group.Count(); ++m) {
-                    EXPECT_EQ(group.Items(m)->LeftSide().Name(), moved[size_t(m)]);
-                    EXPECT_FALSE(group.Items(m)->IsGroup());
-                }
-            } else if (list[size_t(i)] == "C") {
-                EXPECT_EQ(item->SubItems().Count(), 2);
-            } else {
-                EXPECT_EQ(item->LeftSide().Name(), list[size_t(i)]);
-                EXPECT_FALSE(item->IsGroup());
-            }
-        }
-    }
+    EXPECT_TRUE(PrintsAndReadsBack(
+        TSetting::Generic, text,
+        SelectAFromT(TSetting::Generic) + "WHERE\r\n  " + Join(n, " AND \r\n  ", [](int i) {
+            return "(\"A" + N(i) + "\" = " + N(i) + ")";
+        }) + " AND \r\n  (((\"B\" = 1) AND \r\n  (\"C\" = 2)) OR \r\n  (\"D\" = 3))\r\n"));
 }
 
 // ---- 8. NUL bytes ----

@@ -157,15 +157,18 @@ TEST(SelectParserEdgeCases, OrGivesTwoCriteriaUnderAny)
     EXPECT_EQ(where.Items(1)->LeftSide().Name(), "B");
 }
 
-TEST(SelectParserEdgeCases, UnparenthesisedItemAfterConnectorInsideGroupIsRejected)
+// Read with its meaning: one group of two comparisons.
+TEST(SelectParserEdgeCases, UnparenthesisedItemAfterConnectorInsideGroupIsRead)
 {
-    // "SELECT * FROM T WHERE ((A = 1) " is 31 characters: AND starts at 32.
-    const TErrorReport report = ParseError("SELECT * FROM T WHERE ((A = 1) AND B = 2)");
-    ASSERT_TRUE(report.Raised);
-    EXPECT_EQ(report.Code, 1);
-    EXPECT_EQ(report.Token, "AND");
-    EXPECT_EQ(report.LinePos, 32);
-    EXPECT_EQ(report.Message, "Invalid token 'AND' at position 32 of line 1.");
+    auto parser = Parse("SELECT * FROM T WHERE ((A = 1) AND B = 2)");
+    const TVdCriterions& where = parser->WhereItems();
+    ASSERT_EQ(where.Count(), 1);
+    const TVdCriterions& group = where.Items(0)->SubItems();
+    ASSERT_EQ(group.Count(), 2);
+    EXPECT_EQ(group.Filter, cfAll);
+    EXPECT_EQ(group.Items(1)->LeftSide().Name(), "B");
+    EXPECT_EQ(parser->GetExpression(),
+              "SELECT *\r\nFROM\r\n  \"T\"\r\nWHERE\r\n  ((\"A\" = 1) AND \r\n  (\"B\" = 2))\r\n");
 }
 
 TEST(SelectParserEdgeCases, ParenthesisedItemsInsideGroupReadAsOneGroup)
@@ -182,6 +185,16 @@ TEST(SelectParserEdgeCases, ParenthesisedItemsInsideGroupReadAsOneGroup)
 }
 
 // ---- clause steps ----
+
+TEST(SelectParserEdgeCases, ChainOfJoinsPrintsInTheOrderRead)
+{
+    EXPECT_EQ(Print("SELECT * FROM T INNER JOIN U ON (T.ID = U.T_ID) INNER JOIN V ON (U.ID = V.K) "
+                    "RIGHT OUTER JOIN W ON (T.ID = W.K)"),
+              "SELECT *\r\nFROM\r\n  \"T\" \r\n"
+              "  INNER JOIN \"U\" ON (\"T\".\"ID\" = \"U\".\"T_ID\") \r\n"
+              "  INNER JOIN \"V\" ON (\"U\".\"ID\" = \"V\".\"K\") \r\n"
+              "  RIGHT OUTER JOIN \"W\" ON (\"T\".\"ID\" = \"W\".\"K\")\r\n");
+}
 
 TEST(SelectParserSteps, DistinctIsReadAndResetByTheNextParse)
 {

@@ -170,7 +170,7 @@ TEST(VdTableDef, ScriptAppendsJoinsAndTheJoinedTablesJoins)
               "  LEFT OUTER JOIN \"ADDRESSES\" A ON (\"C\".\"ADDR_ID\" = \"A\".\"ID\")");
 }
 
-TEST(VdTableDef, JoinedTablesJoinsFollowAfterAllOwnJoins)
+TEST(VdTableDef, JoinsOfOneTablePrintAsARunAfterABlank)
 {
     TVdSelectParser p;
     TVdTableDef* o = AddTable(p, "ORDERS", "O");
@@ -186,6 +186,52 @@ TEST(VdTableDef, JoinedTablesJoinsFollowAfterAllOwnJoins)
               "  INNER JOIN \"CUSTOMERS\" C ON (\"O\".\"CUST_ID\" = \"C\".\"ID\")\r\n"
               "  RIGHT OUTER JOIN \"EMPLOYEES\" E ON (\"O\".\"EMP_ID\" = \"E\".\"ID\") \r\n"
               "  FULL OUTER JOIN \"ADDRESSES\" A ON (\"C\".\"ADDR_ID\" = \"A\".\"ID\")");
+}
+
+TEST(VdTableDef, JoinsPrintInTheOrderTheyWereMadeWhicheverTableOwnsThem)
+{
+    // O JOIN C ... FULL JOIN A (owned by C) ... RIGHT JOIN E (owned by O) means what its
+    // order says; grouping E under O before A would change the rows.
+    TVdSelectParser p;
+    TVdTableDef* o = AddTable(p, "ORDERS", "O");
+    TVdTableDef* c = AddTable(p, "CUSTOMERS", "C");
+    AddTable(p, "EMPLOYEES", "E");
+    AddTable(p, "ADDRESSES", "A");
+    AddJoin(*o, "CUST_ID", "C", "ID");
+    AddJoin(*c, "ADDR_ID", "A", "ID", vdjFOuterJoin);
+    AddJoin(*o, "EMP_ID", "E", "ID", vdjROuterJoin);
+    EXPECT_MODEL_OK(p);
+    EXPECT_EQ(o->GetScript(),
+              "  \"ORDERS\" O \r\n"
+              "  INNER JOIN \"CUSTOMERS\" C ON (\"O\".\"CUST_ID\" = \"C\".\"ID\") \r\n"
+              "  FULL OUTER JOIN \"ADDRESSES\" A ON (\"C\".\"ADDR_ID\" = \"A\".\"ID\") \r\n"
+              "  RIGHT OUTER JOIN \"EMPLOYEES\" E ON (\"O\".\"EMP_ID\" = \"E\".\"ID\")");
+}
+
+TEST(VdTableDef, JoinWaitsUntilItsOwnTableIsJoined)
+{
+    // C's join to A was made first, but its condition names C: it follows the join that
+    // brings C in.
+    TVdSelectParser p;
+    TVdTableDef* o = AddTable(p, "ORDERS", "O");
+    TVdTableDef* c = AddTable(p, "CUSTOMERS", "C");
+    AddTable(p, "ADDRESSES", "A");
+    AddJoin(*c, "ADDR_ID", "A", "ID", vdjLOuterJoin);
+    AddJoin(*o, "CUST_ID", "C", "ID");
+    EXPECT_MODEL_OK(p);
+    EXPECT_EQ(o->GetScript(),
+              "  \"ORDERS\" O \r\n"
+              "  INNER JOIN \"CUSTOMERS\" C ON (\"O\".\"CUST_ID\" = \"C\".\"ID\") \r\n"
+              "  LEFT OUTER JOIN \"ADDRESSES\" A ON (\"C\".\"ADDR_ID\" = \"A\".\"ID\")");
+}
+
+TEST(VdJoinDef, AssignKeepsWhenTheJoinWasMade)
+{
+    TVdJoinDef first;
+    TVdJoinDef second;
+    EXPECT_LT(first.Sequence, second.Sequence);
+    second.Assign(first);
+    EXPECT_EQ(second.Sequence, first.Sequence);
 }
 
 TEST(VdTableDef, TableOutsideACollectionPrintsWithoutJoins)

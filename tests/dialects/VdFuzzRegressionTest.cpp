@@ -91,31 +91,32 @@ TEST(FuzzRegression, OperatorOutsideTheTablePrintsAsRead)
 }
 
 // An operator does not begin with a word the scanner reads as neither keyword nor comparison
-// (like%) that only begins with a caption: read after NOT (T), whose parentheses do not print,
-// it printed as T like% 'a', which reads back as one left side. The word like still reads.
+// (like%) that only begins with a caption: printed as T like% 'a', it read back as one left
+// side. (T) holds no condition; read as an operand it has no operator either. The word like
+// still reads.
 TEST(FuzzRegression, OperatorBeginningInsideAWordRefused)
 {
     EXPECT_EQ(Refusal(TSetting::Generic, "SELECT T FROM N WHERE NOT(T)like%'a'"),
-              "Invalid token 'like%' at position 29 of line 1.");
+              "Invalid token ')' at position 28 of line 1.");
     EXPECT_EQ(Refusal(TSetting::Firebird1, "select COUNT,T From N HAVING NOT(T)like%''"),
-              "Invalid token 'like%' at position 36 of line 1.");
+              "Invalid token ')' at position 35 of line 1.");
     EXPECT_EQ(Refusal(TSetting::Generic, "SELECT T FROM N WHERE (T like'a')"),
               "accepted, printed as\nSELECT \r\n  \"N\".\"T\"\r\nFROM\r\n  \"N\"\r\nWHERE\r\n  "
               "(\"T\" LIKE 'a')\r\n");
 }
 
-// NOT inside a criterion's parentheses stands on the criterion's sub-items: a comparison
-// read into the criterion itself, (NOT A LIKE 'x') or (NOT (A LIKE 'x')), printed without
-// the NOT, (A LIKE 'x'). Refused at the comparison; the printed form of a negated
-// comparison in a group, (NOT ((A LIKE 'x'))), and NOT at the top level still read.
-TEST(FuzzRegression, NotOverTheCriterionsOwnComparisonRefused)
+// NOT inside parentheses over one comparison is a negated group of that comparison, as it
+// prints: (NOT ((A LIKE 'x'))). It never loses its NOT.
+TEST(FuzzRegression, NotOverOneComparisonInParenthesesKeepsIt)
 {
     EXPECT_EQ(Refusal(TSetting::Generic, "SELECT A FROM T WHERE (NOT A LIKE 'x')"),
-              "Invalid token 'A' at position 28 of line 1.");
+              "accepted, printed as\nSELECT \r\n  \"T\".\"A\"\r\nFROM\r\n  \"T\"\r\nWHERE\r\n  "
+              "(NOT ((\"A\" LIKE 'x')))\r\n");
     EXPECT_EQ(Refusal(TSetting::Generic, "SELECT A FROM T WHERE (B = 1) AND (NOT (A LIKE 'x'))"),
-              "Invalid token 'A' at position 41 of line 1.");
+              "accepted, printed as\nSELECT \r\n  \"T\".\"A\"\r\nFROM\r\n  \"T\"\r\nWHERE\r\n  "
+              "(\"B\" = 1) AND \r\n  (NOT ((\"A\" LIKE 'x')))\r\n");
     EXPECT_EQ(Refusal(TSetting::Generic, "SELECT T FROM N WHERE (NOT(T)like%'a')"),
-              "Invalid token 'T' at position 28 of line 1.");
+              "Invalid token ')' at position 29 of line 1.");
     EXPECT_EQ(Refusal(TSetting::Generic, "SELECT A FROM T WHERE (B = 1) AND (NOT ((A LIKE 'x')))"),
               "accepted, printed as\nSELECT \r\n  \"T\".\"A\"\r\nFROM\r\n  \"T\"\r\nWHERE\r\n  "
               "(\"B\" = 1) AND \r\n  (NOT ((\"A\" LIKE 'x')))\r\n");
