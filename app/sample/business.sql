@@ -2,8 +2,6 @@
 -- number, so the same script always builds the same database. Written for SQLite; each
 -- statement ends with a semicolon at the end of a line.
 
-PRAGMA foreign_keys = ON;
-
 CREATE TABLE CATEGORIES (
   ID INTEGER NOT NULL PRIMARY KEY,
   NAME VARCHAR(30) NOT NULL,

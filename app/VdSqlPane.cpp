@@ -1,0 +1,78 @@
+#include "VdSqlPane.h"
+
+#include <QFontDatabase>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QShortcut>
+#include <QTextBlock>
+#include <QVBoxLayout>
+
+namespace vd {
+
+TVdSqlPane::TVdSqlPane(QWidget* parent)
+    : QWidget(parent), FEditor(new QPlainTextEdit(this)), FMessage(new QLabel(this))
+{
+    QFont mono = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    mono.setStyleHint(QFont::Monospace);
+    FEditor->setFont(mono);
+    FEditor->setLineWrapMode(QPlainTextEdit::NoWrap);
+    FEditor->setTabChangesFocus(false);
+    FEditor->setPlaceholderText(tr("SQL: edit and press Ctrl+Return to apply"));
+    FMessage->setWordWrap(true);
+    FMessage->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    FMessage->setStyleSheet(QStringLiteral("color: #b00020;"));
+    FMessage->hide();
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(2);
+    layout->addWidget(FEditor, 1);
+    layout->addWidget(FMessage);
+    for (const QKeySequence& key :
+         {QKeySequence(Qt::CTRL | Qt::Key_Return), QKeySequence(Qt::CTRL | Qt::Key_Enter)}) {
+        auto* shortcut = new QShortcut(key, FEditor);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, &TVdSqlPane::applyRequested);
+    }
+}
+
+void TVdSqlPane::ShowSql(const QString& sql)
+{
+    QString text = sql;
+    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    FEditor->setPlainText(text);
+}
+
+QString TVdSqlPane::Text() const
+{
+    QString text = FEditor->toPlainText();
+    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    text.replace(QLatin1Char('\n'), QLatin1String("\r\n"));
+    return text;
+}
+
+void TVdSqlPane::ShowError(const QString& message, int line, int position)
+{
+    FMessage->setText(message);
+    FMessage->show();
+    const QTextBlock block = FEditor->document()->findBlockByNumber(qMax(0, line - 1));
+    if (!block.isValid())
+        return;
+    QTextCursor cursor(block);
+    cursor.movePosition(QTextCursor::Right, QTextCursor::MoveAnchor,
+                        qBound(0, position - 1, qMax(0, block.length() - 1)));
+    FEditor->setTextCursor(cursor);
+    FEditor->setFocus();
+}
+
+void TVdSqlPane::ClearError()
+{
+    FMessage->clear();
+    FMessage->hide();
+}
+
+QString TVdSqlPane::ErrorText() const
+{
+    return FMessage->isVisible() ? FMessage->text() : QString();
+}
+
+} // namespace vd
