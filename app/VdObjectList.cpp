@@ -51,7 +51,9 @@ QTreeWidgetItem* TVdObjectList::AddGroup(const QString& title, const QStringList
     QFont bold = group->font(0);
     bold.setBold(true);
     group->setFont(0, bold);
-    for (const QString& name : names) {
+    QStringList sorted = names;
+    sorted.sort(Qt::CaseInsensitive);
+    for (const QString& name : sorted) {
         auto* item = new QTreeWidgetItem(group, {name});
         item->setData(0, NameRole, name);
         item->setIcon(0, icon);
@@ -84,8 +86,11 @@ QStringList TVdObjectList::mimeTypes() const
 QMimeData* TVdObjectList::mimeData(const QList<QTreeWidgetItem*>& items) const
 {
     const QString name = items.isEmpty() ? QString() : ObjectName(items.first());
-    if (name.isEmpty())
-        return nullptr;
+    return name.isEmpty() ? nullptr : ObjectMimeData(name);
+}
+
+QMimeData* TVdObjectList::ObjectMimeData(const QString& name)
+{
     auto* data = new QMimeData;
     data->setData(QString::fromLatin1(ObjectMimeType), name.toUtf8());
     data->setText(name);

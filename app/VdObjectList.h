@@ -23,6 +23,8 @@ public:
     void Fill(TVdSqlCatalog& catalog);
     // The object name an item stands for; empty for a group.
     static QString ObjectName(const QTreeWidgetItem* item);
+    // What a drag of the object carries; the caller owns it.
+    static QMimeData* ObjectMimeData(const QString& name);
 
 signals:
     void addRequested(const QString& name);

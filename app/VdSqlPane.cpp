@@ -1,9 +1,9 @@
 #include "VdSqlPane.h"
 
 #include <QFontDatabase>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
-#include <QShortcut>
 #include <QTextBlock>
 #include <QVBoxLayout>
 
@@ -27,12 +27,21 @@ TVdSqlPane::TVdSqlPane(QWidget* parent)
     layout->setSpacing(2);
     layout->addWidget(FEditor, 1);
     layout->addWidget(FMessage);
-    for (const QKeySequence& key :
-         {QKeySequence(Qt::CTRL | Qt::Key_Return), QKeySequence(Qt::CTRL | Qt::Key_Enter)}) {
-        auto* shortcut = new QShortcut(key, FEditor);
-        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-        connect(shortcut, &QShortcut::activated, this, &TVdSqlPane::applyRequested);
+    // Taken before the editor sees it, which would otherwise insert a line break.
+    FEditor->installEventFilter(this);
+}
+
+bool TVdSqlPane::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == FEditor && event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if ((key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) &&
+            (key->modifiers() & Qt::ControlModifier)) {
+            emit applyRequested();
+            return true;
+        }
     }
+    return QWidget::eventFilter(watched, event);
 }
 
 void TVdSqlPane::ShowSql(const QString& sql)
@@ -72,7 +81,7 @@ void TVdSqlPane::ClearError()
 
 QString TVdSqlPane::ErrorText() const
 {
-    return FMessage->isVisible() ? FMessage->text() : QString();
+    return FMessage->isHidden() ? QString() : FMessage->text();
 }
 
 } // namespace vd

@@ -31,6 +31,9 @@ public:
 signals:
     void applyRequested();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     QPlainTextEdit* FEditor;
     QLabel* FMessage;

@@ -6,7 +6,8 @@ set -u
 demo=$1 vdsql=$2 src=$3 case=$4
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-export XDG_DATA_HOME=$work/data
+export XDG_DATA_HOME=$work/data XDG_RUNTIME_DIR=$work/run
+mkdir -m 700 "$work/run"
 db=sqlite:$work/business.sqlite
 
 fail() { echo "FAIL ($case): $*" >&2; exit 1; }
