@@ -56,6 +56,19 @@ void ChoosePlatform(bool batch)
 #endif
 }
 
+// The offscreen window system's notes about what it cannot do are no news to someone who
+// asked for a picture; everything else is passed on.
+QtMessageHandler PreviousHandler = nullptr;
+
+void QuietOffscreenNotes(QtMsgType type, const QMessageLogContext& context, const QString& text)
+{
+    if (text.startsWith(QLatin1String("This plugin does not support")) ||
+        text.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR not set")))
+        return;
+    if (PreviousHandler)
+        PreviousHandler(type, context, text);
+}
+
 bool WithoutDisplay()
 {
     const QString platform = QGuiApplication::platformName();
@@ -176,6 +189,8 @@ int RunDemo(int argc, char* argv[])
         return 0;
     }
     ChoosePlatform(options.PrintSql || !options.Screenshot.isEmpty());
+    if (qEnvironmentVariable("QT_QPA_PLATFORM").startsWith(QLatin1String("offscreen")))
+        PreviousHandler = qInstallMessageHandler(QuietOffscreenNotes);
     QApplication app(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("VandorRT"));
     QApplication::setApplicationName(QStringLiteral("vandor-demo"));

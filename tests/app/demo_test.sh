@@ -4,6 +4,7 @@
 # checks exit status, standard output and standard error exactly.
 set -u
 demo=$1 vdsql=$2 src=$3 case=$4
+BUILD_DIR=$(cd "$(dirname "$demo")/.." && pwd)
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 export XDG_DATA_HOME=$work/data XDG_RUNTIME_DIR=$work/run
@@ -105,6 +106,24 @@ sample_in_data_dir)
         fail "no sample database in the data folder"
     "$vdsql" format "$src/app/sample/orders.sql" >"$work/core"
     cmp -s "$work/out" "$work/core" || fail "sample query print differs"
+    ;;
+readme_command)
+    # The README's first command, without a display: setup, build, then the picture.
+    env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM "$src/scripts/demo.sh" \
+        >"$work/out" 2>"$work/err" || fail "exit $?: $(tail -5 "$work/err")"
+    grep -q '^vandor-demo: no display available' "$work/out" || fail "$(cat "$work/out")"
+    picture=$(sed -n 's/^Window: //p' "$work/out")
+    [ "$(png_size "$picture")" = 1280x800 ] || fail "no picture at '$picture'"
+    grep -q '^  INNER JOIN "ORDERS" O ON ("C"."ID" = "O"."CUSTOMER_ID")' "$work/out" ||
+        fail "no SQL printed"
+    ;;
+example_minimal)
+    VD_BUILD_DIR=$BUILD_DIR "$src/scripts/build-example.sh" "$work/prefix" >"$work/out" 2>&1 ||
+        fail "$(tail -20 "$work/out")"
+    for file in lib/cmake/VandorRT/VandorRTConfig.cmake include/VandorRT/builder/VdSQLVandor.h \
+                include/VandorRT/core/VdSelectParser.h; do
+        [ -f "$work/prefix/$file" ] || fail "not installed: $file"
+    done
     ;;
 usage_errors)
     "$demo" --size big >/dev/null 2>"$work/err"
