@@ -25,6 +25,7 @@ private:
     TNode ReadPrimary();
     TNode ReadParenthesis();
     TNode ReadComparison();
+    bool AtSign();
     bool ReadOperator(TVdCriterion& criterion);
     bool ReadArguments(TVdCriterion& criterion, const TVdOperator& op);
     bool ReadEnclosedArgument(TVdCriterion& criterion, const TVdOperator& op);
@@ -157,9 +158,21 @@ TVdCriteriaReader::TNode TVdCriteriaReader::ReadParenthesis()
     return parenthesis;
 }
 
+// A sign before a left side (-1 <= A, -(A + B) > 2): the operand is an expression.
+bool TVdCriteriaReader::AtSign()
+{
+    if (S.TokenKind() != tkOperation || S.TokenQuoted() || (S.Token() != "-" && S.Token() != "+"))
+        return false;
+    const TVdSQLScanner::TState sign = S.SaveState();
+    P.Next();
+    const bool operand = P.IsOperandKind() || P.IsDelimToken('(');
+    S.RestoreState(sign);
+    return operand;
+}
+
 TVdCriteriaReader::TNode TVdCriteriaReader::ReadComparison()
 {
-    if (!P.IsOperandKind() && !P.IsDelimToken('('))
+    if (!P.IsOperandKind() && !P.IsDelimToken('(') && !AtSign())
         return Failed();
     auto node = TVdConditionNode::Comparison(P, S.SaveState());
     TVdTableDef* unused = nullptr;

@@ -593,7 +593,10 @@ void TVdSelectParser::CollectNames(bool ordered)
         kept.clear();
         dotted = false;
     };
+    TVdSQLScanner::TState itemStart = Scanner().SaveState();
     for (;;) {
+        if (name.empty() && expectPart)
+            itemStart = Scanner().SaveState();
         const bool quoted = Scanner().TokenQuoted();
         const bool keyword = Kind() == tkKeyword && !quoted;
         if (ordered && keyword && !name.empty() && !expectPart &&
@@ -630,8 +633,19 @@ void TVdSelectParser::CollectNames(bool ordered)
         }
         // T.* stands in GROUP BY where T.* is an output field beside aggregates.
         const bool star = !name.empty() && !Scanner().TokenQuoted() && Token() == "*";
-        if (!expectPart || !(IsNameKind() || star || Kind() == tkInteger || Kind() == tkFunction))
-            return Fail();
+        if (!expectPart || !(IsNameKind() || star || Kind() == tkInteger || Kind() == tkFunction)) {
+            // More than a name: in ORDER BY an expression, read again from its start.
+            if (!ordered)
+                return Fail();
+            Scanner().RestoreState(itemStart);
+            if (!ReadOrderExpression())
+                return;
+            name.clear();
+            kept.clear();
+            dotted = false;
+            expectPart = true;
+            continue;
+        }
         // 2.5 at the very end of the text is the name of the parts 2 and 5; printed as it
         // stands (names unquoted), with the line break after it, it would read as a number.
         if (Kind() == tkInteger && !Scanner().TokenQuoted() && !Scanner().GetQuoteIdentifiers() &&
@@ -655,6 +669,46 @@ void TVdSelectParser::CollectNames(bool ordered)
         expectPart = false;
         Next();
     }
+}
+
+// An ORDER BY item that is an expression, from its first token up to a "," or a keyword outside
+// parentheses, kept as written with its direction. True when a "," followed (the next item is
+// current); false at the end of the list or on an error.
+bool TVdSelectParser::ReadOrderExpression()
+{
+    TVdSQLScanner& scanner = Scanner();
+    const int start = scanner.TokenStart();
+    int end = start;
+    int depth = 0;
+    for (;;) {
+        const bool keyword = Kind() == tkKeyword && !scanner.TokenQuoted();
+        if (Kind() == tkEnd || (depth == 0 && (keyword || IsDelimToken(','))))
+            break;
+        if (IsDelimToken('('))
+            ++depth;
+        else if (IsDelimToken(')') && --depth < 0)
+            break;
+        end = scanner.TokenEnd();
+        Next();
+    }
+    if (depth != 0 || end == start) {
+        Fail();
+        return false;
+    }
+    TVdOrderKind kind = okAsc;
+    if (Kind() == tkKeyword && !scanner.TokenQuoted() && (IsWord("ASC") || IsWord("DESC"))) {
+        kind = IsWord("DESC") ? okDesc : okAsc;
+        Next();
+    }
+    FOrderByItems.AddExpression(scanner.Expression().substr(size_t(start - 1), size_t(end - start)),
+                                kind);
+    if (IsDelimToken(',')) {
+        Next();
+        return true;
+    }
+    if (Kind() != tkEnd && !(Kind() == tkKeyword && !scanner.TokenQuoted()))
+        Fail();
+    return false;
 }
 
 std::vector<const TVdFieldDef*> TVdSelectParser::PrintedFields() const

@@ -194,6 +194,7 @@ private:
 
     TVdSQLScanner& MakeScanner() const;
     void CollectNames(bool ordered);
+    bool ReadOrderExpression();
     TVdTableDef* ResolveTable(const std::string& name, const std::string* alias);
     TVdTableDef* ResolveAliasedTable(const std::string& name, const std::string& alias);
     TVdTableDef* Untaken(TVdTableDef* table) const;

@@ -75,13 +75,27 @@ int TVdOrderByItems::Add(const std::string& line) { return AddOrdered(line, okAs
 int TVdOrderByItems::AddOrdered(const std::string& line, TVdOrderKind kind)
 {
     FOrders.push_back(kind);
+    FExpressions.push_back(false);
     return TVdStringList::Add(line);
+}
+
+int TVdOrderByItems::AddExpression(const std::string& text, TVdOrderKind kind)
+{
+    const int index = AddOrdered(text, kind);
+    FExpressions.back() = true;
+    return index;
+}
+
+bool TVdOrderByItems::IsExpression(int index) const
+{
+    return index >= 0 && index < int(FExpressions.size()) && FExpressions[size_t(index)];
 }
 
 void TVdOrderByItems::Delete(int index)
 {
     if (index >= 0 && index < Count()) {
         FOrders.erase(FOrders.begin() + index);
+        FExpressions.erase(FExpressions.begin() + index);
         TVdStringList::Delete(index);
     }
 }
@@ -89,6 +103,7 @@ void TVdOrderByItems::Delete(int index)
 void TVdOrderByItems::Clear()
 {
     FOrders.clear();
+    FExpressions.clear();
     TVdStringList::Clear();
 }
 
@@ -98,6 +113,7 @@ void TVdOrderByItems::Assign(const TVdOrderByItems& source)
         return;
     FLines = source.FLines;
     FOrders = source.FOrders;
+    FExpressions = source.FExpressions;
 }
 
 TVdOrderKind TVdOrderByItems::Orders(int index) const { return FOrders.at(size_t(index)); }
@@ -117,7 +133,7 @@ std::string TVdOrderByItems::GetScript() const
     for (size_t i = 0; i < FLines.size(); ++i) {
         if (i)
             result += ",\r\n  ";
-        result += ItemScript(FLines[i]);
+        result += FExpressions[i] ? FLines[i] : ItemScript(FLines[i]);
         if (FOrders[i] == okDesc)
             result += " DESC";
     }

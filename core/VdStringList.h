@@ -53,6 +53,10 @@ class TVdOrderByItems : public TVdStringList
 public:
     int Add(const std::string& line) override;
     int AddOrdered(const std::string& line, TVdOrderKind kind);
+    // An expression (UPPER(A), A + 1, COUNT(*)) kept as its text was written: it prints as it
+    // stands, where a name is quoted.
+    int AddExpression(const std::string& text, TVdOrderKind kind);
+    bool IsExpression(int index) const;
     void Delete(int index) override;
     void Clear() override;
     void Assign(const TVdOrderByItems& source);
@@ -63,6 +67,7 @@ public:
 
 private:
     std::vector<TVdOrderKind> FOrders;
+    std::vector<bool> FExpressions;
 };
 
 } // namespace vd

@@ -181,9 +181,35 @@ TEST(KeepsMeaningSorting, PositionIsRefusedWhereThePrintListsOtherColumns)
     EXPECT_EQ(Refusal("SELECT A, COUNT(*) FROM T, U GROUP BY 1"), InvalidToken("1", 39));
 }
 
-TEST(KeepsMeaningSorting, ExpressionIsRefusedNotQuotedAsAName)
+TEST(KeepsMeaningSorting, ExpressionPrintsAsWrittenNeverQuotedAsAName)
 {
-    EXPECT_EQ(Refusal("SELECT A FROM T ORDER BY UPPER(A)"), InvalidToken("(", 31));
+    EXPECT_EQ(Print("SELECT A FROM T ORDER BY UPPER(A)"),
+              std::string(SelectAFromT) + "ORDER BY\r\n  UPPER(A)\r\n");
+    EXPECT_EQ(Print("SELECT A, COUNT(*) FROM T GROUP BY A ORDER BY COUNT(*) DESC, A + 1, 1"),
+              "SELECT \r\n  \"T\".\"A\",\r\n  COUNT(*) AS FIELD_1\r\nFROM\r\n  \"T\"\r\n"
+              "GROUP BY\r\n  \"T\".\"A\"\r\nORDER BY\r\n  COUNT(*) DESC,\r\n  A + 1,\r\n  1\r\n");
+    TVdSelectParser parser;
+    parser.SetExpression("SELECT A FROM T ORDER BY T.B * (2 + C) DESC, D");
+    const TVdOrderByItems& orderBy = parser.OrderByItems();
+    ASSERT_EQ(orderBy.Count(), 2);
+    EXPECT_EQ(orderBy[0], "T.B * (2 + C)");
+    EXPECT_TRUE(orderBy.IsExpression(0));
+    EXPECT_EQ(orderBy.Orders(0), okDesc);
+    EXPECT_FALSE(orderBy.IsExpression(1));
+}
+
+TEST(KeepsMeaningSorting, UnbalancedExpressionIsRefused)
+{
+    EXPECT_EQ(Refusal("SELECT A FROM T ORDER BY A)"), InvalidToken(")", 27));
+    EXPECT_EQ(Refusal("SELECT A FROM T ORDER BY UPPER(A) DESC X"), InvalidToken("X", 40));
+    EXPECT_EQ(Refusal("SELECT A FROM T ORDER BY (A"), "Unexpected end of statement.");
+}
+
+TEST(KeepsMeaningConditions, SignedLeftSideIsAnExpression)
+{
+    EXPECT_EQ(Print("SELECT A FROM T WHERE -1 <= A"),
+              std::string(SelectAFromT) + "WHERE\r\n  (-1 <= \"A\")\r\n");
+    EXPECT_EQ(Refusal("SELECT A FROM T WHERE - > 1"), InvalidToken("-", 23));
 }
 
 // ---- literals ----
