@@ -512,10 +512,7 @@ void TGenerator::CompleteOrder(bool grouped)
         for (size_t e = 0; e < S.From.size(); ++e)
             keys.push_back(Column(int(e), 0));
     for (const TExpr& key : keys) {
-        const bool sorted = std::any_of(S.OrderBy.begin(), S.OrderBy.end(), [&](const TOrder& o) {
-            return o.Kind == TOrder::oExpr && o.Value == key;
-        });
-        if (sorted)
+        if (Sorts(S, key))
             continue;
         TOrder order;
         order.Value = key;
@@ -536,8 +533,13 @@ void TGenerator::OrderBy()
 {
     const bool grouped = !S.GroupBy.empty();
     const int count = Pick(1, 3);
-    for (int i = 0; i < count; ++i)
-        S.OrderBy.push_back(OrderItem(grouped));
+    for (int i = 0; i < count; ++i) {
+        // Nobody sorts twice by the same key.
+        TOrder order = OrderItem(grouped);
+        const TExpr* key = SortedExpr(S, order);
+        if (!key || !Sorts(S, *key))
+            S.OrderBy.push_back(std::move(order));
+    }
     if ((grouped || !IsAggregateQuery(S)) && !S.Star && Pct(50))
         CompleteOrder(grouped);
 }

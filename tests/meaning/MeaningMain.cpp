@@ -1,6 +1,8 @@
 // vd_meaning: runs generated statements on SQLite as written and as the generic parser prints
-// them, prints the counts and writes the failing statements, grouped by shape, to a file.
-//   vd_meaning [--count N] [--seed S] [--reduce N] [--top N] [FAILURES_FILE]
+// them, prints the counts, the top refusals and every failing statement (--quiet: counts
+// only), and writes the failures, grouped by shape, to a file.
+//   vd_meaning [--count N] [--seed S] [--reduce N] [--top N] [--quiet] [FAILURES_FILE]
+// --reduce N shrinks the first N failures to their smallest failing form (100).
 
 #include "tests/meaning/MeaningReport.h"
 #include "tests/meaning/SQLiteEngine.h"
@@ -17,7 +19,7 @@ namespace {
 int Usage()
 {
     std::fprintf(stderr, "usage: vd_meaning [--count N] [--seed S] [--reduce N] [--top N] "
-                         "[FAILURES_FILE]\n");
+                         "[--quiet] [FAILURES_FILE]\n");
     return 2;
 }
 
@@ -26,8 +28,9 @@ int Usage()
 int main(int argc, char** argv)
 {
     TRunOptions options;
-    options.ReduceLimit = 300;
+    options.ReduceLimit = 100;
     int top = 15;
+    bool quiet = false;
     std::string failuresPath;
     for (int i = 1; i < argc; ++i) {
         const std::string arg = argv[i];
@@ -40,11 +43,15 @@ int main(int argc, char** argv)
             options.ReduceLimit = std::atoi(argv[++i]);
         else if (arg == "--top" && hasValue)
             top = std::atoi(argv[++i]);
+        else if (arg == "--quiet")
+            quiet = true;
         else if (arg.empty() || arg[0] == '-' || !failuresPath.empty())
             return Usage();
         else
             failuresPath = arg;
     }
+    if (options.Count < 1 || options.ReduceLimit < 0)
+        return Usage();
     TSQLiteEngine engine;
     std::string error;
     if (!CreateSchema(engine, options.Dialect, options.Seed, error)) {
@@ -53,6 +60,8 @@ int main(int argc, char** argv)
     }
     const TSummary summary = RunMeaning(engine, options);
     std::printf("%s", FormatCounts(summary, options, top).c_str());
+    if (!quiet)
+        std::printf("%s", FormatChanged(summary).c_str());
     if (!failuresPath.empty()) {
         std::ofstream out(failuresPath, std::ios::binary);
         out << FormatFailures(summary, options);

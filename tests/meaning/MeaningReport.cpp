@@ -68,6 +68,19 @@ std::string FormatFailure(const TFailure& failure, bool small)
     return text;
 }
 
+std::string FormatChanged(const TSummary& summary)
+{
+    std::string text;
+    int number = 0;
+    for (const TFailure& failure : summary.Failures) {
+        text += "\n#" + std::to_string(++number) + " [" + failure.Shape + "] " +
+                FormatFailure(failure, false);
+        if (failure.Reduced && failure.SmallCheck.Text != failure.Check.Text)
+            text += "  smallest form that fails the same way: " + FormatFailure(failure, true);
+    }
+    return text;
+}
+
 std::string FormatFailures(const TSummary& summary, const TRunOptions& options)
 {
     std::map<std::string, std::vector<const TFailure*>> shapes;
@@ -82,7 +95,7 @@ std::string FormatFailures(const TSummary& summary, const TRunOptions& options)
     text += FormatCounts(summary, options, 10) + "\n";
     text += "Shapes are named after the smallest statement that still fails (only the first " +
             std::to_string(options.ReduceLimit) +
-            " failures are shrunk; the others are sorted by their full text).\n\n";
+            " failures are shrunk; the others are listed as not shrunk).\n\n";
     for (const auto& [shape, failures] : groups) {
         text += "=== " + shape + ": " + std::to_string(failures.size()) + " statements\n\n";
         std::vector<const TFailure*> small;

@@ -14,6 +14,9 @@ std::string FormatCounts(const TSummary& summary, const TRunOptions& options, in
 // One failure: outcome, text as written, the print, what differs.
 std::string FormatFailure(const TFailure& failure, bool small);
 
+// Every failure in the order found, each with its smallest form when it was shrunk.
+std::string FormatChanged(const TSummary& summary);
+
 // Every failure, grouped by shape, each group led by its smallest examples.
 std::string FormatFailures(const TSummary& summary, const TRunOptions& options);
 

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstdlib>
+#include <cstring>
 #include <random>
 
 namespace vdmeaning {
@@ -190,6 +192,30 @@ std::string RefusalKey(const std::string& message)
     return key;
 }
 
+// The clause a refusal points into, from the position in its message (the generated texts
+// are one line; their strings hold no keyword).
+std::string ClauseOf(const TCheck& check)
+{
+    const std::string marker = "at position ";
+    const size_t at = check.Detail.find(marker);
+    if (at == std::string::npos)
+        return "";
+    const size_t position = size_t(std::atoi(check.Detail.c_str() + at + marker.size()));
+    std::string upper = check.Text.substr(0, position);
+    for (char& c : upper)
+        c = char(std::toupper(static_cast<unsigned char>(c)));
+    size_t best = 0;
+    std::string clause = "the select list";
+    for (const char* word : {" FROM ", " WHERE ", " GROUP BY ", " HAVING ", " ORDER BY "}) {
+        const size_t found = upper.rfind(word);
+        if (found != std::string::npos && found >= best) {
+            best = found;
+            clause = std::string(word).substr(1, std::strlen(word) - 2);
+        }
+    }
+    return " (in " + clause + ")";
+}
+
 } // namespace
 
 TSummary RunMeaning(TEngine& engine, const TRunOptions& options)
@@ -207,10 +233,12 @@ TSummary RunMeaning(TEngine& engine, const TRunOptions& options)
             continue;
         case TOutcome::Refused:
             ++summary.Refused;
-            if (++summary.Refusals[RefusalKey(check.Detail)] <= 3)
-                summary.RefusedTexts[RefusalKey(check.Detail)].push_back(check.Detail + "\n    " +
-                                                                         check.Text);
-            continue;
+            {
+                const std::string key = RefusalKey(check.Detail) + ClauseOf(check);
+                if (++summary.Refusals[key] <= 3)
+                    summary.RefusedTexts[key].push_back(check.Detail + "\n    " + check.Text);
+                continue;
+            }
         case TOutcome::Changed:
             ++summary.Changed;
             break;
@@ -227,7 +255,10 @@ TSummary RunMeaning(TEngine& engine, const TRunOptions& options)
             failure.Reduced = true;
             failure.Small = Reduce(engine, statement, check, failure.SmallCheck);
         }
-        failure.Shape = ShapeOf(failure.Small, failure.SmallCheck);
+        // A shape read off a whole statement names its first feature, not its fault.
+        failure.Shape = failure.Reduced || check.Outcome == TOutcome::OriginalFails
+                            ? ShapeOf(failure.Small, failure.SmallCheck)
+                            : "not shrunk";
         summary.Failures.push_back(std::move(failure));
     }
     return summary;

@@ -245,23 +245,6 @@ int ResultColumn(const TStatement& s, const TOrder& order)
     return -1;
 }
 
-// The expression an ORDER BY item sorts by.
-const TExpr* SortedExpr(const TStatement& s, const TOrder& order)
-{
-    if (order.Kind == TOrder::oExpr)
-        return &order.Value;
-    const int column = ResultColumn(s, order);
-    return column < 0 ? nullptr : &s.Items[size_t(column)].Expr;
-}
-
-bool Sorts(const TStatement& s, const TExpr& expr)
-{
-    return std::any_of(s.OrderBy.begin(), s.OrderBy.end(), [&](const TOrder& order) {
-        const TExpr* sorted = SortedExpr(s, order);
-        return sorted && *sorted == expr;
-    });
-}
-
 bool SortsEveryRow(const TStatement& s)
 {
     if (!s.GroupBy.empty())
@@ -280,6 +263,22 @@ bool SortsEveryRow(const TStatement& s)
 }
 
 } // namespace
+
+const TExpr* SortedExpr(const TStatement& s, const TOrder& order)
+{
+    if (order.Kind == TOrder::oExpr)
+        return &order.Value;
+    const int column = ResultColumn(s, order);
+    return column < 0 ? nullptr : &s.Items[size_t(column)].Expr;
+}
+
+bool Sorts(const TStatement& s, const TExpr& expr)
+{
+    return std::any_of(s.OrderBy.begin(), s.OrderBy.end(), [&](const TOrder& order) {
+        const TExpr* sorted = SortedExpr(s, order);
+        return sorted && *sorted == expr;
+    });
+}
 
 std::string Render(const TStatement& statement) { return TRenderer(statement).Statement(); }
 

@@ -95,6 +95,10 @@ struct TOrderCheck {
 };
 
 std::string Render(const TStatement& statement);
+// The expression an ORDER BY item sorts by (a position or alias names an item), or null.
+const TExpr* SortedExpr(const TStatement& statement, const TOrder& order);
+// True when an item of the ORDER BY sorts by the expression.
+bool Sorts(const TStatement& statement, const TExpr& expr);
 TOrderCheck OrderCheckOf(const TStatement& statement);
 TValueType TypeOf(const TStatement& statement, const TExpr& expr);
 bool IsAggregateQuery(const TStatement& statement);

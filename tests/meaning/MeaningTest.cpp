@@ -12,7 +12,7 @@ namespace vdmeaning {
 TEST(Meaning, GenericOnSQLite)
 {
     TSQLiteEngine engine;
-    const TRunOptions options = OptionsFromEnvironment(TDialect::Generic, 3000);
+    const TRunOptions options = OptionsFromEnvironment(TDialect::Generic, 2000);
     std::string error;
     ASSERT_TRUE(CreateSchema(engine, options.Dialect, options.Seed, error)) << error;
     EXPECT_TRUE(MeaningKept(engine, options));
