@@ -56,6 +56,7 @@ private:
     std::vector<std::string> ColumnAliases = {"N",  "CNT", "TOTAL", "CUR", "LABEL", "AMOUNT", "BB",
                                               "SX", "VAL", "QTY",   "TAG", "LO",    "HI"};
     std::vector<TExpr> Groups;
+    bool InHaving = false;
 };
 
 int TGenerator::Weighted(const std::vector<int>& weights)
@@ -309,7 +310,9 @@ void TGenerator::GroupedItems()
     }
     if (Pct(40)) {
         S.HasHaving = true;
+        InHaving = true;
         S.Having = Condition(1 + Weighted({55, 30, 15}), true);
+        InHaving = false;
     }
 }
 
@@ -348,8 +351,15 @@ void TGenerator::FillRight(TCond& leaf, TValueType type)
         return;
     }
     const bool numeric = type != TValueType::Text;
+    // HAVING compares with grouped columns only: engines refuse any other bare column there.
+    std::vector<TExpr> grouped;
+    for (const TExpr& group : Groups)
+        if (numeric ? TypeOf(S, group) != TValueType::Text : TypeOf(S, group) == type)
+            grouped.push_back(group);
     auto operand = [&]() {
         const int kind = Weighted({72, 18, 10});
+        if (InHaving)
+            return kind == 0 || grouped.empty() ? Literal(type) : OneOf(grouped);
         if (kind == 1)
             return ColumnOf(type, numeric);
         if (kind == 2 && numeric) {
@@ -580,6 +590,14 @@ TStatement TGenerator::Run()
     }
     if (kind == 3)
         GroupedItems();
+    // Nobody selects the same thing twice, and engines find a name so selected ambiguous.
+    for (size_t i = S.Items.size(); i-- > 1;) {
+        const auto first = std::find_if(S.Items.begin(), S.Items.end(), [&](const TItem& item) {
+            return item.Expr == S.Items[i].Expr;
+        });
+        if (first - S.Items.begin() < std::ptrdiff_t(i))
+            S.Items.erase(S.Items.begin() + std::ptrdiff_t(i));
+    }
     if (Pct(50))
         OrderBy();
     return S;

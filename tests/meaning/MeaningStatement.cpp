@@ -106,8 +106,8 @@ std::string TRenderer::Compare(const TCond& cond) const
     return left + " " + Expr(cond.Right[0]);
 }
 
-// Precedence: OR 1, AND 2, NOT 3, a comparison 4. A node is parenthesised when it binds
-// less tightly than its place requires, plus the parentheses the writer added anyway.
+// Precedence: OR 1, AND 2, NOT 3, a comparison 4 (5 requires parentheses). A node is parenthesised
+// when it binds less tightly than its place requires, plus the parentheses the writer added anyway.
 std::string TRenderer::Cond(const TCond& cond, int required) const
 {
     std::string text;
@@ -118,7 +118,9 @@ std::string TRenderer::Cond(const TCond& cond, int required) const
         break;
     case TCond::Not:
         precedence = 3;
-        text = Kw("NOT") + " " + Cond(cond.Kids[0], 3);
+        // Firebird reads NOT A = 1 as (NOT A) = 1: its writers put the comparison in
+        // parentheses.
+        text = Kw("NOT") + " " + Cond(cond.Kids[0], S.Dialect == TDialect::Firebird ? 5 : 3);
         break;
     case TCond::And:
     case TCond::Or: {
