@@ -7,13 +7,13 @@ namespace vd {
 QString FieldTypeName(TFieldType type)
 {
     static constexpr std::array<const char*, ftFMTBcd + 1> names = {
-        "Unknown",   "String",      "Smallint",    "Integer",  "Word",       "Boolean",
-        "Float",     "Currency",    "BCD",         "Date",     "Time",       "DateTime",
-        "Bytes",     "VarBytes",    "AutoInc",     "Blob",     "Memo",       "Graphic",
-        "FmtMemo",   "ParadoxOle",  "DBaseOle",    "TypedBinary", "Cursor",  "FixedChar",
-        "WideString", "Largeint",   "ADT",         "Array",    "Reference",  "DataSet",
-        "OraBlob",   "OraClob",     "Variant",     "Interface", "IDispatch", "Guid",
-        "TimeStamp", "FMTBcd"};
+        "Unknown",    "String",     "Smallint", "Integer",     "Word",      "Boolean",
+        "Float",      "Currency",   "BCD",      "Date",        "Time",      "DateTime",
+        "Bytes",      "VarBytes",   "AutoInc",  "Blob",        "Memo",      "Graphic",
+        "FmtMemo",    "ParadoxOle", "DBaseOle", "TypedBinary", "Cursor",    "FixedChar",
+        "WideString", "Largeint",   "ADT",      "Array",       "Reference", "DataSet",
+        "OraBlob",    "OraClob",    "Variant",  "Interface",   "IDispatch", "Guid",
+        "TimeStamp",  "FMTBcd"};
     return type <= ftFMTBcd ? QString::fromLatin1(names[type]) : QString();
 }
 

@@ -230,8 +230,13 @@ bool TVdExpressionReader::ReadSingle(TVdFunctionDef& node)
         // Quoted text that is an operation ('/') is read as tkOperation: its quote still tells
         // a string from a name.
         const char quote = S.TokenQuote();
+        // A select item in apostrophes is a text to every engine, also where the scanner takes
+        // both quotes for names: 'GBP' AS CUR must not print as a column of a table. (In a
+        // condition such a name already prints in its own quotes.)
         const bool string =
-            kind == tkString || (kind == tkOperation && S.IsQuote(quote) && !S.IsIdentQuote(quote));
+            kind == tkString ||
+            (kind == tkOperation && S.IsQuote(quote) && !S.IsIdentQuote(quote)) ||
+            (kind == tkIdentString && quote == '\'' && Context == TVdExprContext::SelectList);
         if (Context == TVdExprContext::Parameter) {
             // A procedure's argument prints as written after its ":".
             node.SetName(S.RawToken());

@@ -248,7 +248,7 @@ void TVdSelectParser::DoParseTableDefs()
             else if (IsWord("GROUP") && PeekIs("BY"))
                 FState = ssGroupBy;
             else if (IsWord("HAVING"))
-                FState = ssHaving;
+                Fail(); // without GROUP BY: the grouping would print nothing to stand after
             else if (IsWord("ORDER") && PeekIs("BY"))
                 FState = ssOrderBy;
             else
@@ -470,7 +470,7 @@ TVdTableDef* TVdSelectParser::AddTable(const std::string& name, const std::strin
     FAddedByFrom.insert(table);
     table->SetKeys(name, alias);
     for (const TUnqualified& column : FUnqualified)
-        CopyField(*column.Field, column.HasAlias, column.Alias, *table);
+        CopyField(*column.Field, column.HasAlias, column.Alias, *table, column.Place);
     return table;
 }
 

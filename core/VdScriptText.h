@@ -22,6 +22,17 @@ inline void AppendKeyword(std::string& out, const TVdSelectParser* parser, std::
         out += parser->ProcessKeyword(std::string(word));
 }
 
+// "GROUP BY\r\n  " (first, a blank, second, a line break and the indent) in the parser's
+// keyword case.
+inline void AppendClauseHead(std::string& out, const TVdSelectParser* parser,
+                             std::string_view first, std::string_view second)
+{
+    AppendKeyword(out, parser, first);
+    out += ' ';
+    AppendKeyword(out, parser, second);
+    out += "\r\n  ";
+}
+
 // ProcessFunction(name) of an item with this parser.
 inline void AppendFunctionName(std::string& out, const TVdSelectParser* parser,
                                const std::string& name)

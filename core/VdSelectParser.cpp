@@ -246,6 +246,8 @@ void TVdSelectParser::ParseOnce()
     FFromTables.clear();
     FAddedByFrom.clear();
     FNamedByAlias.clear();
+    FSelectItems = 0;
+    FFieldPlaces.clear();
     try {
         Scanner().SetExpression(std::move(text));
         RaiseIfUnterminated();
@@ -303,6 +305,15 @@ void TVdSelectParser::ParseOnce()
             throw;
         OnError(this, e.what(), e.Token, e.LineNo, e.LinePos);
         return;
+    }
+    if (FState == ssEnd) {
+        if (const TVdFieldDef* column = UngroupedColumn()) {
+            // Reported where the column stands in the select list, else at the GROUP BY list.
+            FState = ssError;
+            const auto found = FFieldPlaces.find(column);
+            const TPlace& place = found != FFieldPlaces.end() ? found->second : FGroupByPlace;
+            return ProcessError(place.Token, place.LineNo, place.LinePos);
+        }
     }
     if (FState == ssError)
         ProcessError(Token(), Scanner().LineNo(), Scanner().LinePos());
@@ -366,6 +377,7 @@ void TVdSelectParser::DoParseFieldDef()
     // but two as the last characters of a text, where a select list without FROM prints it.
     if (Kind() == tkComparison && !Scanner().TokenQuoted())
         return Fail();
+    const TPlace place{Token(), Scanner().LineNo(), Scanner().LinePos()};
     TVdFieldDef field;
     TVdTableDef* table = nullptr;
     DoParseExpression(field, table, TTokenKinds{tkKeyword}, "AS", TVdExprContext::SelectList);
@@ -404,7 +416,7 @@ void TVdSelectParser::DoParseFieldDef()
     if (!table && column) {
         auto copy = std::make_unique<TVdFieldDef>();
         copy->Assign(field);
-        FUnqualified.push_back({std::move(copy), hasAlias, alias});
+        FUnqualified.push_back({std::move(copy), hasAlias, alias, place});
     }
     if (!table)
         table = tables.FindByAlias(std::string());
@@ -419,8 +431,9 @@ void TVdSelectParser::DoParseFieldDef()
         for (int i = 0; i < tables.Count(); ++i)
             targets.push_back(tables.Items(i));
     }
+    ++FSelectItems;
     for (TVdTableDef* target : targets)
-        CopyField(field, hasAlias, alias, *target);
+        CopyField(field, hasAlias, alias, *target, place);
 }
 
 bool TVdSelectParser::NamesColumn(const TVdFunctionDef& node)
@@ -436,9 +449,10 @@ bool TVdSelectParser::NamesColumn(const TVdFunctionDef& node)
 // A column of the select list placed into a table: its alias is generated unique across the
 // statement (ID, ID1, FIELD_1, ...) unless the text gave one.
 void TVdSelectParser::CopyField(const TVdFieldDef& field, bool hasAlias, const std::string& alias,
-                                TVdTableDef& target)
+                                TVdTableDef& target, const TPlace& place)
 {
     TVdFieldDef* copy = target.FieldDefs().Add();
+    FFieldPlaces[copy] = place;
     copy->SetName(field.Name());
     copy->SetKind(field.Kind());
     if (field.ArgumentCount() > 0)
@@ -489,7 +503,7 @@ void TVdSelectParser::DoParseWhereClause()
     else if (IsKeywordToken("GROUP") && PeekIs("BY"))
         FState = ssGroupBy;
     else if (IsKeywordToken("HAVING"))
-        FState = ssHaving;
+        Fail(); // without GROUP BY: the grouping would print nothing to stand after
     else if (IsKeywordToken("ORDER") && PeekIs("BY"))
         FState = ssOrderBy;
     else
@@ -498,7 +512,8 @@ void TVdSelectParser::DoParseWhereClause()
 
 void TVdSelectParser::DoParseGroupByClause()
 {
-    Next(); // BY
+    Next(); // past BY
+    FGroupByPlace = {Token(), Scanner().LineNo(), Scanner().LinePos()};
     CollectNames(false);
     if (FState == ssError)
         return;
@@ -568,10 +583,12 @@ void TVdSelectParser::CollectNames(bool ordered)
     auto flush = [&](TVdOrderKind kind) {
         if (dotted)
             name = DottedNameText(name, kept);
-        if (ordered)
+        if (ordered) {
             FOrderByItems.AddOrdered(name, kind);
-        else if (grouped.insert(name).second)
+        } else if (grouped.insert(name).second) {
             FGroupByItems.Add(name);
+            FGroupByItems.AddKept(name);
+        }
         name.clear();
         kept.clear();
         dotted = false;
@@ -620,12 +637,59 @@ void TVdSelectParser::CollectNames(bool ordered)
         if (Kind() == tkInteger && !Scanner().TokenQuoted() && !Scanner().GetQuoteIdentifiers() &&
             EndsWithIntegerPart(Scanner(), name) && !PeekIs("."))
             return Fail();
-        const std::string part = NameText();
+        std::string part = NameText();
+        if (name.empty() && TVdStringList::IsPosition(part) && !PeekIs(".")) {
+            if (!Scanner().TokenQuoted()) {
+                // A position (ORDER BY 2): it keeps its column only where the print lists
+                // the columns as written.
+                if (!PositionsKeepTheirColumns())
+                    return Fail();
+            } else if (Scanner().GetQuoteIdentifiers()) {
+                part = Scanner().ProcessName(part); // a column named "2" stays a name
+            } else {
+                return Fail(); // "2" would print as the position 2
+            }
+        }
         name += part;
         kept += star ? part : QuotedPartText(part);
         expectPart = false;
         Next();
     }
+}
+
+std::vector<const TVdFieldDef*> TVdSelectParser::PrintedFields() const
+{
+    std::vector<const TVdFieldDef*> printed;
+    for (const TVdFieldDef* field : TableDefs().FieldsInOrder())
+        if (field && !field->IsInputParam())
+            printed.push_back(field);
+    return printed;
+}
+
+bool TVdSelectParser::PositionsKeepTheirColumns() const
+{
+    return int(PrintedFields().size()) == FSelectItems;
+}
+
+const TVdFieldDef* TVdSelectParser::UngroupedColumn() const
+{
+    // Without a GROUP BY written the print groups by the plain columns, as a builder does;
+    // engines other than SQLite refuse such a statement as written.
+    if (FGroupByItems.KeptItems().empty())
+        return nullptr;
+    const std::vector<const TVdFieldDef*> derived = FGroupByItems.DerivedFields();
+    const std::vector<const TVdFieldDef*> printed = PrintedFields();
+    for (const TVdFieldDef* field : derived) {
+        bool grouped = false;
+        for (const std::string& item : FGroupByItems.KeptItems())
+            if (FGroupByItems.GroupsField(item, *field, printed)) {
+                grouped = true;
+                break;
+            }
+        if (!grouped)
+            return field;
+    }
+    return nullptr;
 }
 
 // ---- token helpers ----

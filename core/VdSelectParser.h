@@ -3,6 +3,7 @@
 #include "core/VdCriteria.h"
 #include "core/VdError.h"
 #include "core/VdFieldDef.h"
+#include "core/VdGroupByItems.h"
 #include "core/VdJoinDef.h"
 #include "core/VdOperators.h"
 #include "core/VdScanner.h"
@@ -229,10 +230,17 @@ private:
     int FNesting = 0;
     // The unqualified columns of the select list being parsed, with their explicit aliases:
     // every table FROM adds later is given a copy of each.
+    // Where a select item starts, to report it: its first token and the place after it.
+    struct TPlace {
+        std::string Token;
+        int LineNo = 0;
+        int LinePos = 0;
+    };
     struct TUnqualified {
         std::unique_ptr<TVdFieldDef> Field;
         bool HasAlias;
         std::string Alias;
+        TPlace Place;
     };
     std::vector<TUnqualified> FUnqualified;
     // Tables a qualifier made that an aliased FROM entry took by their name (T.A ... FROM T X),
@@ -258,7 +266,19 @@ private:
     void SettleMixedCalls(const std::unordered_map<TVdTableDef*, TVdTableDef*>& merged);
     void ParseOnce();
     void CopyField(const TVdFieldDef& field, bool hasAlias, const std::string& alias,
-                   TVdTableDef& target);
+                   TVdTableDef& target, const TPlace& place);
+    // The select items as written (a lone "*" is none) and where each field's item starts.
+    int FSelectItems = 0;
+    std::unordered_map<const TVdFieldDef*, TPlace> FFieldPlaces;
+    TPlace FGroupByPlace; // the first item of GROUP BY
+    // The output fields in the order the select list prints them.
+    std::vector<const TVdFieldDef*> PrintedFields() const;
+    // Whether a position in ORDER BY or GROUP BY names the column it named as written: the
+    // print lists the same number of columns.
+    bool PositionsKeepTheirColumns() const;
+    // The plain column beside aggregates that a GROUP BY read does not group by, if any:
+    // printed, the derived GROUP BY would add it and the statement would return other rows.
+    const TVdFieldDef* UngroupedColumn() const;
 };
 
 } // namespace vd

@@ -1,9 +1,7 @@
 #include "core/VdStringList.h"
 
-#include "core/VdFieldDef.h"
 #include "core/VdScriptText.h"
 #include "core/VdSelectParser.h"
-#include "core/VdTableDef.h"
 
 namespace vd {
 
@@ -41,19 +39,20 @@ void TVdStringList::Delete(int index)
 
 void TVdStringList::Clear() { FLines.clear(); }
 
-namespace {
-
-// "GROUP BY\r\n  " in the parser's keyword case.
-void AppendClauseHead(std::string& out, const TVdSelectParser* parser, const char* first,
-                      const char* second)
+bool TVdStringList::IsPosition(const std::string& line)
 {
-    script::AppendKeyword(out, parser, first);
-    out += ' ';
-    script::AppendKeyword(out, parser, second);
-    out += "\r\n  ";
+    if (line.empty())
+        return false;
+    for (const char c : line)
+        if (c < '0' || c > '9')
+            return false;
+    return true;
 }
 
-} // namespace
+std::string TVdStringList::ItemScript(const std::string& line) const
+{
+    return IsPosition(line) ? line : ProcessName(line);
+}
 
 std::string TVdStringList::ClauseScript(const char* first, const char* second,
                                         const std::vector<std::string>& lines) const
@@ -61,7 +60,7 @@ std::string TVdStringList::ClauseScript(const char* first, const char* second,
     std::string result;
     if (lines.empty())
         return result;
-    AppendClauseHead(result, FParser, first, second);
+    script::AppendClauseHead(result, FParser, first, second);
     for (size_t i = 0; i < lines.size(); ++i) {
         if (i)
             result += ",\r\n  ";
@@ -69,51 +68,6 @@ std::string TVdStringList::ClauseScript(const char* first, const char* second,
     }
     result += "\r\n";
     return result;
-}
-
-void TVdGroupByItems::Rebuild()
-{
-    const TVdSelectParser* parser = Parser();
-    const std::vector<TVdFieldDef*> fields = parser->TableDefs().FieldsInOrder();
-    bool aggregates = false;
-    bool plain = false;
-    // Only output fields count: a procedure's input parameters are its arguments.
-    for (const TVdFieldDef* field : fields) {
-        if (!field || field->IsInputParam())
-            continue;
-        if (field->Kind() == fkFunction && parser->Aggregates().Contains(field->Name()))
-            aggregates = true;
-        else
-            plain = true;
-    }
-    Clear();
-    if (!aggregates || !plain)
-        return;
-    std::string qualified;
-    for (const TVdFieldDef* field : fields) {
-        if (!field || field->IsInputParam() || field->Kind() != fkIdentifier ||
-            parser->Aggregates().Contains(field->Name()))
-            continue;
-        // The column as the select list prints it, qualifier and name each quoted on its own: the
-        // whole text split anew at its dots would name another column once a qualifier holds
-        // a dot (A.C.A.I prints "A.C"."A"."I", and "A.C.A"."I" would not read back the same).
-        const TVdTableDef* table = field->Table();
-        qualified.clear();
-        if (table) {
-            const std::string& prefix = table->Alias().empty() ? table->Name() : table->Alias();
-            if (!prefix.empty())
-                qualified += parser->ProcessItemName(prefix) + '.';
-        }
-        qualified += parser->ProcessItemName(field->Name());
-        Add(qualified);
-    }
-}
-
-std::string TVdGroupByItems::GetScript()
-{
-    if (Parser())
-        Rebuild();
-    return ClauseScript("GROUP", "BY", FLines);
 }
 
 int TVdOrderByItems::Add(const std::string& line) { return AddOrdered(line, okAsc); }
@@ -159,11 +113,11 @@ std::string TVdOrderByItems::GetScript() const
     std::string result;
     if (FLines.empty())
         return result;
-    AppendClauseHead(result, Parser(), "ORDER", "BY");
+    script::AppendClauseHead(result, Parser(), "ORDER", "BY");
     for (size_t i = 0; i < FLines.size(); ++i) {
         if (i)
             result += ",\r\n  ";
-        result += ProcessName(FLines[i]);
+        result += ItemScript(FLines[i]);
         if (FOrders[i] == okDesc)
             result += " DESC";
     }

@@ -27,6 +27,11 @@ public:
     const std::string& operator[](int i) const { return FLines.at(size_t(i)); }
     const std::vector<std::string>& Lines() const { return FLines; }
     int IndexOf(const std::string& line) const;
+    // A line that is a position in the select list (ORDER BY 2) rather than a name: digits
+    // only. A column named by digits is kept in its quotes ("2").
+    static bool IsPosition(const std::string& line);
+    // The line as the clause prints it: a position as it stands, a name processed.
+    std::string ItemScript(const std::string& line) const;
     virtual int Add(const std::string& line);
     virtual void Delete(int index);
     virtual void Clear();
@@ -40,15 +45,6 @@ protected:
 
 private:
     TVdSelectParser* FParser = nullptr;
-};
-
-// The GROUP BY list. Printing rebuilds it from the output fields when a parser is present.
-class TVdGroupByItems : public TVdStringList
-{
-public:
-    std::string GetScript();
-    // Refills the list from the parser's output fields (aggregates and plain fields).
-    void Rebuild();
 };
 
 // The ORDER BY list, with a sort direction per line.

@@ -160,6 +160,7 @@ private:
     std::set<std::string> UsedBlankColumns;
     std::vector<std::string> IdentifierFields; // column references of the select list
     bool HasStar = false;
+    std::vector<std::string> StarItems; // T.* of the select list, which GROUP BY names too
     bool HasAggregate = false;
     bool Single = false;
     int AliasCounter = 0;
@@ -376,6 +377,7 @@ std::string TGenerator::SelectList()
             // A second star would be aliased *1, which cannot be read back.
             item = q + "*";
             HasStar = true;
+            StarItems.push_back(item);
         } else if (Single) {
             // Unqualified items would go to every table of a query with several tables.
             if (Chance(50)) {
@@ -523,15 +525,17 @@ std::string TGenerator::Statement()
     const int conditions = Range(O.MinConditions, O.MaxConditions);
     if (conditions > 0)
         text += Space() + Kw("WHERE") + " " + Condition(conditions, false);
-    // GROUP BY stays in the printed text only when the fields mix aggregates and plain
-    // fields (the list is rebuilt from them); HAVING prints only under a GROUP BY.
+    // GROUP BY names every plain column beside the aggregates (the print's derived list),
+    // T.* included; HAVING stands only under a GROUP BY.
     if (HasAggregate && (HasStar || !IdentifierFields.empty()) && Chance(O.GroupByPercent)) {
         text += Space() + Kw("GROUP") + " " + Kw("BY") + " ";
         std::set<std::string> seen;
         if (IdentifierFields.empty())
             IdentifierFields.push_back(Tables[0].Qualifier + "." + PlainColumns[0]);
         bool first = true;
-        for (const std::string& field : IdentifierFields) {
+        std::vector<std::string> grouped = IdentifierFields;
+        grouped.insert(grouped.end(), StarItems.begin(), StarItems.end());
+        for (const std::string& field : grouped) {
             if (!seen.insert(field).second)
                 continue;
             text += (first ? "" : ", ") + field;

@@ -28,6 +28,8 @@ public:
     // False with Error() set when the engine cannot be reached.
     bool Open();
     TEngine Engine() const { return FEngine; }
+    // The QtSql connection's name, for code that reads the database itself.
+    const QString& ConnectionName() const { return FConnection; }
 
     // Runs one statement; false with Error() holding the engine's message.
     bool Exec(const std::string& sql);

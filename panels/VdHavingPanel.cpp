@@ -1,0 +1,17 @@
+#include "panels/VdHavingPanel.h"
+
+#include "core/VdSelectParser.h"
+
+namespace vd {
+
+TVdHavingPanel::TVdHavingPanel(QWidget* parent) : TVdCriterionPanel(parent)
+{
+    SetUsesAggregates(true);
+}
+
+void TVdHavingPanel::RefreshRows()
+{
+    ShowCriterions(Parser() ? &Parser()->HavingItems() : nullptr);
+}
+
+} // namespace vd

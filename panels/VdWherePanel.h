@@ -1,0 +1,17 @@
+#pragma once
+
+#include "panels/VdCriterionPanel.h"
+
+namespace vd {
+
+// The "Criteria" page: the WHERE criteria.
+class TVdWherePanel : public TVdCriterionPanel
+{
+    Q_OBJECT
+
+public:
+    explicit TVdWherePanel(QWidget* parent = nullptr);
+    void RefreshRows() override;
+};
+
+} // namespace vd

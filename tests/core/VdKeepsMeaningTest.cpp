@@ -1,0 +1,213 @@
+// Statements people write print SQL that returns the same rows: grouping kept beyond the
+// list the fields derive, HAVING only under a GROUP BY, sort positions as numbers, texts in
+// apostrophes as texts, conditions with SQL's precedence. Each case is printed whole.
+#include "core/VdSelectParser.h"
+
+#include "ParseErrorReport.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+using namespace vd;
+
+namespace {
+
+std::string Print(const std::string& text)
+{
+    TVdSelectParser parser;
+    parser.SetExpression(text);
+    return parser.GetExpression();
+}
+
+std::string Refusal(const std::string& text) { return vdtest::ParseError(text).Message; }
+
+std::string InvalidToken(const std::string& token, int position)
+{
+    return "Invalid token '" + token + "' at position " + std::to_string(position) + " of line 1.";
+}
+
+const char* const SelectAFromT = "SELECT \r\n  \"T\".\"A\"\r\nFROM\r\n  \"T\"\r\n";
+
+} // namespace
+
+// ---- conditions ----
+
+TEST(KeepsMeaningConditions, OrOverAndBindsTheAndFirst)
+{
+    EXPECT_EQ(Print("SELECT A FROM T WHERE A = 1 OR B = 2 AND C = 3"),
+              std::string(SelectAFromT) +
+                  "WHERE\r\n  (\"A\" = 1) OR \r\n  ((\"B\" = 2) AND \r\n  (\"C\" = 3))\r\n");
+}
+
+TEST(KeepsMeaningConditions, ParenthesisedOrInsideAndStaysAGroup)
+{
+    EXPECT_EQ(Print("SELECT A FROM T WHERE (A = 1) AND (B = 2 OR C = 3)"),
+              std::string(SelectAFromT) +
+                  "WHERE\r\n  (\"A\" = 1) AND \r\n  ((\"B\" = 2) OR \r\n  (\"C\" = 3))\r\n");
+}
+
+TEST(KeepsMeaningConditions, NotInTheMiddleOfAChainNegatesOnlyItsOperand)
+{
+    EXPECT_EQ(Print("SELECT A FROM T WHERE A = 1 AND NOT (B = 2)"),
+              std::string(SelectAFromT) +
+                  "WHERE\r\n  (\"A\" = 1) AND \r\n  (NOT ((\"B\" = 2)))\r\n");
+}
+
+TEST(KeepsMeaningConditions, NotNotKeepsBothNegations)
+{
+    EXPECT_EQ(Print("SELECT A FROM T WHERE NOT (NOT (A > 1 OR C = 2))"),
+              std::string(SelectAFromT) +
+                  "WHERE\r\n  NOT ((NOT ((\"A\" > 1) OR \r\n  (\"C\" = 2))))\r\n");
+}
+
+// ---- grouping ----
+
+TEST(KeepsMeaningGrouping, GroupByWithoutAggregatesIsKept)
+{
+    EXPECT_EQ(Print("SELECT B, A FROM T GROUP BY B, A"),
+              "SELECT \r\n  \"T\".\"B\",\r\n  \"T\".\"A\"\r\nFROM\r\n  \"T\"\r\n"
+              "GROUP BY\r\n  \"B\",\r\n  \"A\"\r\n");
+}
+
+TEST(KeepsMeaningGrouping, GroupByAColumnThatIsNoOutputKeepsItAndHaving)
+{
+    EXPECT_EQ(Print("SELECT COUNT(*) FROM T GROUP BY A HAVING COUNT(*) > 1"),
+              "SELECT \r\n  COUNT(*) AS FIELD_1\r\nFROM\r\n  \"T\"\r\nGROUP BY\r\n  \"A\"\r\n"
+              "HAVING\r\n  (COUNT(*) > 1)\r\n");
+}
+
+TEST(KeepsMeaningGrouping, ItemTheDerivedListHasPrintsOnce)
+{
+    const std::string printed = "SELECT \r\n  \"T\".\"A\",\r\n  COUNT(*) AS FIELD_1\r\nFROM\r\n"
+                                "  \"T\"\r\nGROUP BY\r\n  \"T\".\"A\"\r\n";
+    EXPECT_EQ(Print("SELECT A, COUNT(*) FROM T GROUP BY A"), printed);
+    EXPECT_EQ(Print("SELECT A, COUNT(*) FROM T GROUP BY T.A"), printed);
+    EXPECT_EQ(Print("SELECT A, COUNT(*) FROM T GROUP BY t.a"), printed);
+    EXPECT_EQ(Print("SELECT A, COUNT(*) FROM T GROUP BY \"T\".\"A\""), printed);
+}
+
+TEST(KeepsMeaningGrouping, ItemsBeyondTheDerivedListFollowInTheOrderRead)
+{
+    EXPECT_EQ(Print("SELECT A, COUNT(*) FROM T GROUP BY C, A, B"),
+              "SELECT \r\n  \"T\".\"A\",\r\n  COUNT(*) AS FIELD_1\r\nFROM\r\n  \"T\"\r\n"
+              "GROUP BY\r\n  \"T\".\"A\",\r\n  \"C\",\r\n  \"B\"\r\n");
+}
+
+TEST(KeepsMeaningGrouping, ColumnBesideAggregatesThatGroupByLeavesOutIsRefused)
+{
+    // Printed, the derived list would group by B too and return other rows.
+    EXPECT_EQ(Refusal("SELECT A, B, COUNT(*) FROM T GROUP BY A"), InvalidToken("B", 11));
+    EXPECT_EQ(Refusal("SELECT A, B, MAX(C) FROM T GROUP BY X"), InvalidToken("A", 8));
+}
+
+TEST(KeepsMeaningGrouping, AliasAndPositionGroupTheColumnToo)
+{
+    EXPECT_EQ(Print("SELECT A AS X, COUNT(*) FROM T GROUP BY X"),
+              "SELECT \r\n  \"T\".\"A\" AS X,\r\n  COUNT(*) AS FIELD_1\r\nFROM\r\n  \"T\"\r\n"
+              "GROUP BY\r\n  \"T\".\"A\",\r\n  \"X\"\r\n");
+    EXPECT_EQ(Print("SELECT A, COUNT(*) FROM T GROUP BY 1"),
+              "SELECT \r\n  \"T\".\"A\",\r\n  COUNT(*) AS FIELD_1\r\nFROM\r\n  \"T\"\r\n"
+              "GROUP BY\r\n  \"T\".\"A\",\r\n  1\r\n");
+}
+
+TEST(KeepsMeaningGrouping, WithoutGroupByTheFieldsStillDeriveIt)
+{
+    EXPECT_EQ(Print("SELECT A, COUNT(*) FROM T"),
+              "SELECT \r\n  \"T\".\"A\",\r\n  COUNT(*) AS FIELD_1\r\nFROM\r\n  \"T\"\r\n"
+              "GROUP BY\r\n  \"T\".\"A\"\r\n");
+}
+
+TEST(KeepsMeaningGrouping, HavingWithoutGroupByIsRefusedAtHaving)
+{
+    EXPECT_EQ(Refusal("SELECT COUNT(*) FROM T HAVING COUNT(*) > 1"), InvalidToken("HAVING", 24));
+}
+
+TEST(KeepsMeaningGrouping, KeptItemsCanBeListedAddedAndRemoved)
+{
+    TVdSelectParser parser;
+    parser.SetExpression("SELECT COUNT(*) FROM T GROUP BY A, B");
+    TVdGroupByItems& groupBy = parser.GroupByItems();
+    ASSERT_EQ(groupBy.KeptItems(), (std::vector<std::string>{"A", "B"}));
+    EXPECT_EQ(groupBy.AddKept("C"), 2);
+    EXPECT_EQ(groupBy.AddKept("A"), 0); // already kept
+    groupBy.DeleteKept(0);
+    groupBy.DeleteKept(7); // out of range: nothing happens
+    EXPECT_EQ(groupBy.KeptItems(), (std::vector<std::string>{"B", "C"}));
+    EXPECT_EQ(groupBy.GetScript(), "GROUP BY\r\n  \"B\",\r\n  \"C\"\r\n");
+    groupBy.ClearKept();
+    EXPECT_EQ(groupBy.GetScript(), "");
+}
+
+TEST(KeepsMeaningGrouping, ModelBuiltThroughTheApiPrintsTheDerivedListOnly)
+{
+    TVdSelectParser parser;
+    TVdTableDef* table = parser.TableDefs().Add();
+    table->SetName("T");
+    TVdFieldDef* a = table->FieldDefs().Add();
+    a->SetName("A");
+    a->SetKind(fkIdentifier);
+    TVdFieldDef* count = table->FieldDefs().Add();
+    count->SetName("COUNT");
+    count->SetKind(fkFunction);
+    EXPECT_EQ(parser.GroupByItems().GetScript(), "GROUP BY\r\n  \"T\".\"A\"\r\n");
+}
+
+// ---- sort positions ----
+
+TEST(KeepsMeaningSorting, PositionPrintsAsANumber)
+{
+    EXPECT_EQ(Print("SELECT DISTINCT A FROM T ORDER BY 1"),
+              "SELECT DISTINCT \r\n  \"T\".\"A\"\r\nFROM\r\n  \"T\"\r\nORDER BY\r\n  1\r\n");
+    EXPECT_EQ(
+        Print("SELECT A, B FROM T ORDER BY 2, 1 DESC"),
+        "SELECT \r\n  \"T\".\"A\",\r\n  \"T\".\"B\"\r\nFROM\r\n  \"T\"\r\nORDER BY\r\n  2,\r\n"
+        "  1 DESC\r\n");
+}
+
+TEST(KeepsMeaningSorting, ColumnNamedByDigitsStaysAName)
+{
+    TVdSelectParser parser;
+    parser.SetExpression("SELECT \"1\" FROM T ORDER BY \"1\"");
+    EXPECT_EQ(parser.OrderByItems()[0], "\"1\"");
+    EXPECT_EQ(parser.GetExpression(),
+              "SELECT \r\n  \"T\".\"1\"\r\nFROM\r\n  \"T\"\r\nORDER BY\r\n  \"1\"\r\n");
+}
+
+TEST(KeepsMeaningSorting, PositionIsRefusedWhereThePrintListsOtherColumns)
+{
+    // A goes to both tables: printed, position 2 would be U.A.
+    EXPECT_EQ(Refusal("SELECT A FROM T, U ORDER BY 1"), InvalidToken("1", 29));
+    EXPECT_EQ(Refusal("SELECT A, COUNT(*) FROM T, U GROUP BY 1"), InvalidToken("1", 39));
+}
+
+TEST(KeepsMeaningSorting, ExpressionIsRefusedNotQuotedAsAName)
+{
+    EXPECT_EQ(Refusal("SELECT A FROM T ORDER BY UPPER(A)"), InvalidToken("(", 31));
+}
+
+// ---- literals ----
+
+TEST(KeepsMeaningLiterals, TextInApostrophesIsNeverQualified)
+{
+    EXPECT_EQ(Print("SELECT C.NAME, 'GBP' AS CUR FROM CUSTOMERS C"),
+              "SELECT \r\n  \"C\".\"NAME\",\r\n  'GBP' AS CUR\r\nFROM\r\n  \"CUSTOMERS\" C\r\n");
+}
+
+TEST(KeepsMeaningLiterals, TextWithoutAliasGetsAGeneratedOne)
+{
+    EXPECT_EQ(Print("SELECT 'it''s' FROM T"),
+              "SELECT \r\n  'it''s' AS FIELD_1\r\nFROM\r\n  \"T\"\r\n");
+}
+
+// ---- joins ----
+
+TEST(KeepsMeaningJoins, ChainPrintsInTheOrderRead)
+{
+    EXPECT_EQ(Print("SELECT * FROM T INNER JOIN U ON (T.ID = U.T_ID) INNER JOIN V ON (U.ID = V.K) "
+                    "RIGHT OUTER JOIN W ON (T.ID = W.K)"),
+              "SELECT *\r\nFROM\r\n  \"T\" \r\n"
+              "  INNER JOIN \"U\" ON (\"T\".\"ID\" = \"U\".\"T_ID\") \r\n"
+              "  INNER JOIN \"V\" ON (\"U\".\"ID\" = \"V\".\"K\") \r\n"
+              "  RIGHT OUTER JOIN \"W\" ON (\"T\".\"ID\" = \"W\".\"K\")\r\n");
+}
