@@ -38,7 +38,7 @@ const std::vector<TLink>& Links()
         {0, 0, 1, 1, true},  // T.ID = U.T_ID
         {1, 0, 2, 1, true},  // U.ID = V.U_ID
         {2, 2, 3, 1, true},  // V.K = W.K
-        {0, 2, 3, 1, true},  // T.B = W.K
+        {0, 2, 3, 1, false}, // T.B = W.K: about 250 pairs per value of B
         {0, 1, 1, 2, false}, // T.A = U.A
         {1, 2, 2, 2, false}, // U.A = V.K
     };
