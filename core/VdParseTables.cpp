@@ -238,7 +238,7 @@ void TVdSelectParser::DoParseTableDefs()
         }
         // A join word need not be a keyword of the dialect (LEFT can also name a function).
         const bool keyword = IsClauseToken();
-        if (keyword && IsJoinDef(Token())) {
+        if (keyword && (IsJoinDef(Token()) || IsKeywordToken("JOIN"))) {
             DoParseJoinDef();
         } else if (!keyword) {
             DoParseTableDef();
@@ -694,15 +694,18 @@ void TVdSelectParser::DoParseProcParams()
 void TVdSelectParser::DoParseJoinDef()
 {
     TVdJoinKind kind = vdjInnerJoin;
-    if (IsWord("LEFT"))
-        kind = vdjLOuterJoin;
-    else if (IsWord("RIGHT"))
-        kind = vdjROuterJoin;
-    else if (IsWord("FULL"))
-        kind = vdjFOuterJoin;
-    Next();
-    if (kind != vdjInnerJoin && IsKeywordToken("OUTER"))
+    // JOIN alone is an inner join, as in SQL; it prints as INNER JOIN.
+    if (!IsKeywordToken("JOIN")) {
+        if (IsWord("LEFT"))
+            kind = vdjLOuterJoin;
+        else if (IsWord("RIGHT"))
+            kind = vdjROuterJoin;
+        else if (IsWord("FULL"))
+            kind = vdjFOuterJoin;
         Next();
+        if (kind != vdjInnerJoin && IsKeywordToken("OUTER"))
+            Next();
+    }
     if (!IsKeywordToken("JOIN"))
         return Fail();
     if (!TableDefs().FindByAlias(FLastTableAlias))

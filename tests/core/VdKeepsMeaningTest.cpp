@@ -211,3 +211,12 @@ TEST(KeepsMeaningJoins, ChainPrintsInTheOrderRead)
               "  INNER JOIN \"V\" ON (\"U\".\"ID\" = \"V\".\"K\") \r\n"
               "  RIGHT OUTER JOIN \"W\" ON (\"T\".\"ID\" = \"W\".\"K\")\r\n");
 }
+
+TEST(KeepsMeaningJoins, JoinAloneIsAnInnerJoin)
+{
+    EXPECT_EQ(Print("SELECT * FROM T JOIN U ON T.ID = U.T_ID LEFT JOIN V ON (U.ID = V.K)"),
+              "SELECT *\r\nFROM\r\n  \"T\" \r\n"
+              "  INNER JOIN \"U\" ON (\"T\".\"ID\" = \"U\".\"T_ID\") \r\n"
+              "  LEFT OUTER JOIN \"V\" ON (\"U\".\"ID\" = \"V\".\"K\")\r\n");
+    EXPECT_EQ(Refusal("SELECT * FROM T JOIN JOIN U ON (T.ID = U.K)"), InvalidToken("JOIN", 22));
+}

@@ -678,7 +678,7 @@ TEST(SelectParserSteps, AppendixTokensAreRejected)
     };
     const TRow rows[] = {
         {"SELECT * FROM T ON X", "ON", 17},
-        {"SELECT * FROM T JOIN S", "JOIN", 17},
+        {"SELECT * FROM T OUTER JOIN S", "OUTER", 17},
         {"SELECT * FROM T GROUP A", "GROUP", 17},
         {"SELECT * FROM T WHERE A = 1 DESC", "DESC", 29},
         {"SELECT * FROM T GROUP BY A WHERE X = 1", "WHERE", 28},
