@@ -156,12 +156,15 @@ std::string TRenderer::From() const
         std::string kind = kinds[join.Kind];
         if (join.Kind != TJoin::Inner && join.OuterWord)
             kind += " OUTER";
+        const std::string joinWord = join.Kind == TJoin::Inner && !join.OuterWord
+                                         ? "JOIN" // INNER left out
+                                         : kind + " JOIN";
         TExpr left{TExpr::eColumn, join.LeftEntry, join.LeftColumn, "", {}};
         TExpr right{TExpr::eColumn, join.RightEntry, join.RightColumn, "", {}};
         std::string on = Expr(left) + " = " + Expr(right);
         if (join.Parens)
             on = "(" + on + ")";
-        text += " " + Kw(kind + " JOIN") + " " + table + " " + Kw("ON") + " " + on;
+        text += " " + Kw(joinWord) + " " + table + " " + Kw("ON") + " " + on;
     }
     return text;
 }

@@ -51,7 +51,7 @@ struct TEntry {
 
 struct TJoin {
     enum TKind { Comma, Inner, Left, Right, Full } Kind = Inner;
-    bool OuterWord = true; // LEFT OUTER JOIN rather than LEFT JOIN
+    bool OuterWord = true; // LEFT OUTER JOIN rather than LEFT JOIN; INNER JOIN rather than JOIN
     bool Parens = true;    // ON (x = y) rather than ON x = y
     // The compared columns: one side is the entry this join brings, the other an earlier one.
     int LeftEntry = 0, LeftColumn = 0, RightEntry = 0, RightColumn = 0;
