@@ -131,4 +131,26 @@ bool TEngineDatabase::Query(const std::string& sql,
     return true;
 }
 
+bool TEngineDatabase::QueryValues(const std::string& sql,
+                                  std::vector<std::vector<std::string>>& rows)
+{
+    rows.clear();
+    QSqlQuery query(QSqlDatabase::database(FConnection, false));
+    query.setForwardOnly(true);
+    if (!query.exec(QString::fromStdString(sql)))
+        return Fail(QStringLiteral("engine refused"), query.lastError().text());
+    while (query.next()) {
+        const QSqlRecord record = query.record();
+        std::vector<std::string> row;
+        for (int i = 0; i < record.count(); ++i) {
+            const QVariant value = record.value(i);
+            row.push_back(value.isNull() ? "NULL" : value.toString().toStdString());
+        }
+        rows.push_back(std::move(row));
+    }
+    if (query.lastError().isValid())
+        return Fail(QStringLiteral("engine failed while reading rows"), query.lastError().text());
+    return true;
+}
+
 } // namespace vdengine

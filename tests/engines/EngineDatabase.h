@@ -39,6 +39,9 @@ public:
     bool Query(const std::string& sql, const std::vector<std::pair<QString, QString>>& params,
                TRows& rows);
 
+    // Runs a query and collects its rows as lists of values (NULL as "NULL").
+    bool QueryValues(const std::string& sql, std::vector<std::vector<std::string>>& rows);
+
     const std::string& Error() const { return FError; }
 
 private:

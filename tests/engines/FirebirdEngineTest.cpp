@@ -2,6 +2,7 @@
 // Firebird, SQL dialect 3; the ROWS forms with the InterBase setting); then the prints
 // Firebird refuses, each with the reason it stays.
 
+#include "tests/engines/EngineMeaning.h"
 #include "tests/engines/EngineSuite.h"
 
 #include "core/VdError.h"
@@ -103,6 +104,14 @@ TEST(FirebirdDeliberate, KeywordOfTheListNamesAColumnOnlyQuoted)
     TRows rows;
     ASSERT_TRUE(Runs(entry, printed, rows));
     EXPECT_EQ(rows, reference);
+}
+
+// Generated statements written as people write them, in the InterBase/Firebird parser's dialect:
+// what it accepts prints SQL that returns the same rows on Firebird; what it cannot hold it
+// refuses.
+TEST(FirebirdMeaning, FirebirdDialectOnFirebird)
+{
+    EXPECT_TRUE(SuiteKeepsMeaning(vdmeaning::TDialect::Firebird, 200));
 }
 
 } // namespace vdengine

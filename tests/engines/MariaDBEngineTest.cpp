@@ -2,6 +2,7 @@
 // the server's default sql_mode); then the prints MariaDB refuses or takes otherwise, each
 // with the reason it stays.
 
+#include "tests/engines/EngineMeaning.h"
 #include "tests/engines/EngineSuite.h"
 
 #include "core/VdError.h"
@@ -137,6 +138,13 @@ TEST(MariaDBDeliberate, GenericDialectNeedsAnsiQuotes)
     ASSERT_TRUE(ran) << printed;
     EXPECT_EQ(rows, reference);
     EXPECT_EQ(rows.size(), 4u);
+}
+
+// Generated statements written as people write them, in the MySQL parser's dialect: what it
+// accepts prints SQL that returns the same rows on MariaDB; what it cannot hold it refuses.
+TEST(MariaDBMeaning, MySQLDialectOnMariaDB)
+{
+    EXPECT_TRUE(SuiteKeepsMeaning(vdmeaning::TDialect::MySQL, 400));
 }
 
 } // namespace vdengine
