@@ -2,6 +2,9 @@
 
 #include <sqlite3.h>
 
+#include <cmath>
+#include <string>
+
 namespace vdmeaning {
 
 namespace {
@@ -61,6 +64,15 @@ bool TSQLiteEngine::Query(const std::string& sql, TRows& rows, std::string& erro
         }
         TRow row;
         for (int c = 0; c < columns; ++c) {
+            // A real that holds a whole number is that number: MAX over 0 and 0.0 (equal
+            // values) may give either, depending on the order the engine meets the rows in.
+            if (sqlite3_column_type(statement, c) == SQLITE_FLOAT) {
+                const double value = sqlite3_column_double(statement, c);
+                if (std::nearbyint(value) == value && std::fabs(value) < 9.0e15) {
+                    row.push_back(std::to_string(static_cast<long long>(value)));
+                    continue;
+                }
+            }
             const unsigned char* text = sqlite3_column_text(statement, c);
             row.emplace_back(text ? reinterpret_cast<const char*>(text) : "NULL");
         }
