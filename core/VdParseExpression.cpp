@@ -19,9 +19,22 @@ public:
 
 private:
     bool AtStop(int depth) const;
+    bool AtAliasWithoutAs() const;
+    // A name, a number or a text: what an operand begins with.
+    bool AtOperand() const
+    {
+        return S.TokenQuoted() || P.IsNameKind() || S.TokenKind() == tkInteger ||
+               S.TokenKind() == tkFloat;
+    }
+    // CASE, WHEN, THEN, ELSE (and END when closing is true): the words of a CASE expression,
+    // which stand between operands.
+    bool AtCaseWord(bool closing) const;
     void Consume()
     {
         LastEnd = S.TokenEnd();
+        // The scanner ends a float at its point ("1." then "5"): its digits may follow.
+        AfterOperand =
+            (AtOperand() && !AtCaseWord(false) && S.TokenKind() != tkFloat) || P.IsDelimToken(')');
         P.Next();
     }
     bool ReadCall(TVdFunctionDef& node, TVdTableDef*& table);
@@ -36,6 +49,7 @@ private:
     const std::string& StopWord;
     TVdExprContext Context;
     int LastEnd = 0;
+    bool AfterOperand = false; // the last token read ends an operand (a name, a number, ")")
 };
 
 bool TVdExpressionReader::AtStop(int depth) const
@@ -43,7 +57,11 @@ bool TVdExpressionReader::AtStop(int depth) const
     const TTokenKind kind = S.TokenKind();
     if (kind == tkEnd)
         return true;
-    if (depth > 0 || S.TokenQuoted())
+    if (depth > 0)
+        return false;
+    if (Context == TVdExprContext::SelectList && AtAliasWithoutAs())
+        return true;
+    if (S.TokenQuoted())
         return false;
     if (P.IsDelimToken(',') || P.IsDelimToken(')'))
         return true;
@@ -58,6 +76,35 @@ bool TVdExpressionReader::AtStop(int depth) const
         return (op && !partial) || P.Operators().IsCaptionStart(S.Token());
     }
     return false;
+}
+
+bool TVdExpressionReader::AtCaseWord(bool closing) const
+{
+    if (S.TokenQuoted() || (S.TokenKind() != tkIdent && S.TokenKind() != tkKeyword))
+        return false;
+    const std::string& word = S.Token();
+    return text::SameText(word, "CASE") || text::SameText(word, "WHEN") ||
+           text::SameText(word, "THEN") || text::SameText(word, "ELSE") ||
+           (closing && text::SameText(word, "END"));
+}
+
+// SUM(A) TOTAL, A X: a name right after an operand, standing last in its select item, is the
+// item's alias, as SQL reads it (the words that close a CASE expression excepted).
+bool TVdExpressionReader::AtAliasWithoutAs() const
+{
+    if (!AfterOperand || !P.IsAliasToken() || S.TokenKind() == tkFunction)
+        return false;
+    if (S.TokenQuoted() ? !S.IsIdentQuote(S.TokenQuote()) || S.TokenQuote() == '\''
+                        : S.TokenKind() != tkIdent)
+        return false;
+    if (AtCaseWord(true))
+        return false;
+    const TVdSQLScanner::TState alias = S.SaveState();
+    S.GetNextToken();
+    const bool last = S.TokenKind() == tkEnd || P.IsDelimToken(',') ||
+                      (S.TokenKind() == tkKeyword && !S.TokenQuoted());
+    S.RestoreState(alias);
+    return last;
 }
 
 TVdTableDef* TVdExpressionReader::QualifierTable(const std::string& aliasText,
@@ -294,6 +341,12 @@ void TVdExpressionReader::ReadRest(TVdFunctionDef& node, TVdTableDef*& table, in
             --depth;
         if (Context == TVdExprContext::SelectList && !table && prevIsName && P.IsDelimToken('.'))
             table = QualifierTable(prevAlias, prevName);
+        // Two operands in a row that are no alias (SELECT A B C) make no expression.
+        if (Context == TVdExprContext::SelectList && depth == 0 && AfterOperand && AtOperand() &&
+            !AtCaseWord(true)) {
+            P.Fail();
+            return;
+        }
         prevIsName = P.IsNameKind();
         if (prevIsName) {
             prevName = P.NameText();

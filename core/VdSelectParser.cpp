@@ -389,8 +389,12 @@ void TVdSelectParser::DoParseFieldDef()
     const bool starOnly = field.Kind() == fkUnknown && field.Name() == "*";
     std::string alias;
     bool hasAlias = IsKeywordToken("AS");
-    if (hasAlias) {
-        Next();
+    // The expression stopped before a name that ends the item: its alias, written without AS.
+    const bool aliasWithoutAs = !hasAlias && IsAliasToken() && Kind() != tkKeyword;
+    if (hasAlias || aliasWithoutAs) {
+        if (hasAlias)
+            Next();
+        hasAlias = true;
         if (!IsAliasToken())
             return Fail();
         alias = AliasText();
@@ -671,6 +675,26 @@ void TVdSelectParser::CollectNames(bool ordered)
     }
 }
 
+namespace {
+
+// The words of a CASE expression, which stand between its operands.
+bool IsCaseWord(const std::string& word)
+{
+    return text::SameText(word, "CASE") || text::SameText(word, "WHEN") ||
+           text::SameText(word, "THEN") || text::SameText(word, "ELSE") ||
+           text::SameText(word, "END");
+}
+
+} // namespace
+
+bool TVdSelectParser::IsOperatorWord(const std::string& word) const
+{
+    if (text::SameText(word, "NULL"))
+        return true;
+    bool partial = false;
+    return Operators().FindNearest(word, partial) || Operators().IsCaptionStart(word);
+}
+
 // An ORDER BY item that is an expression, from its first token up to a "," or a keyword outside
 // parentheses, kept as written with its direction. True when a "," followed (the next item is
 // current); false at the end of the list or on an error.
@@ -680,14 +704,28 @@ bool TVdSelectParser::ReadOrderExpression()
     const int start = scanner.TokenStart();
     int end = start;
     int depth = 0;
+    bool afterOperand = false;
     for (;;) {
-        const bool keyword = Kind() == tkKeyword && !scanner.TokenQuoted();
+        const bool quoted = scanner.TokenQuoted();
+        const bool keyword = Kind() == tkKeyword && !quoted;
         if (Kind() == tkEnd || (depth == 0 && (keyword || IsDelimToken(','))))
             break;
         if (IsDelimToken('('))
             ++depth;
         else if (IsDelimToken(')') && --depth < 0)
             break;
+        // Two operands in a row (A LIMIT 5) or a delimiter such as ";" make no expression.
+        // Words of CASE and of the operators (IS NULL, LIKE, IN) stand between operands.
+        const bool caseWord = !quoted && (IsCaseWord(Token()) || IsOperatorWord(Token()));
+        const bool operand = quoted || IsNameKind() || Kind() == tkInteger || Kind() == tkFloat;
+        if ((operand && afterOperand && !caseWord) ||
+            (Kind() == tkDelim && !quoted && !IsDelimToken('(') && !IsDelimToken(')') &&
+             !IsDelimToken('.') && !IsDelimToken(','))) {
+            Fail();
+            return false;
+        }
+        afterOperand = (operand && !caseWord && Kind() != tkFloat) || IsDelimToken(')') ||
+                       (caseWord && text::SameText(Token(), "END"));
         end = scanner.TokenEnd();
         Next();
     }

@@ -195,6 +195,7 @@ private:
     TVdSQLScanner& MakeScanner() const;
     void CollectNames(bool ordered);
     bool ReadOrderExpression();
+    bool IsOperatorWord(const std::string& word) const;
     TVdTableDef* ResolveTable(const std::string& name, const std::string* alias);
     TVdTableDef* ResolveAliasedTable(const std::string& name, const std::string& alias);
     TVdTableDef* Untaken(TVdTableDef* table) const;

@@ -246,3 +246,38 @@ TEST(KeepsMeaningJoins, JoinAloneIsAnInnerJoin)
               "  LEFT OUTER JOIN \"V\" ON (\"U\".\"ID\" = \"V\".\"K\")\r\n");
     EXPECT_EQ(Refusal("SELECT * FROM T JOIN JOIN U ON (T.ID = U.K)"), InvalidToken("JOIN", 22));
 }
+
+// ---- aliases without AS ----
+
+TEST(KeepsMeaningAliases, NameAfterAnItemIsItsAlias)
+{
+    EXPECT_EQ(
+        Print("SELECT c.name n, SUM(c.total) total, COUNT(*) \"Order Count\" FROM c "
+              "GROUP BY c.name"),
+        "SELECT \r\n  \"c\".\"name\" AS n,\r\n  SUM(\"c\".\"total\") AS total,\r\n"
+        "  COUNT(*) AS \"Order Count\"\r\nFROM\r\n  \"c\"\r\nGROUP BY\r\n  \"c\".\"name\"\r\n");
+    EXPECT_EQ(Print("SELECT o.total * 2 dbl FROM o"),
+              "SELECT \r\n  o.total * 2 AS dbl\r\nFROM\r\n  \"o\"\r\n");
+}
+
+TEST(KeepsMeaningAliases, CaseExpressionKeepsItsWords)
+{
+    EXPECT_EQ(Print("SELECT CASE WHEN o.total > 100 THEN 'big' ELSE 'small' END size FROM o"),
+              "SELECT \r\n  CASE WHEN o.total > 100 THEN 'big' ELSE 'small' END AS size\r\n"
+              "FROM\r\n  \"o\"\r\n");
+}
+
+TEST(KeepsMeaningAliases, TwoNamesAfterAnItemAreRefused)
+{
+    EXPECT_EQ(Refusal("SELECT A B C FROM T"), InvalidToken("B", 10));
+}
+
+TEST(KeepsMeaningSorting, ExpressionMayNotRunIntoAnotherClauseOrStatement)
+{
+    EXPECT_EQ(Refusal("SELECT a FROM t ORDER BY a LIMIT 10"), InvalidToken("LIMIT", 28));
+    EXPECT_EQ(Refusal("SELECT a FROM t ORDER BY a + 1; DROP TABLE t"), InvalidToken(";", 31));
+    EXPECT_EQ(
+        Print("SELECT a FROM t ORDER BY CASE WHEN a IS NULL THEN 1 ELSE 0 END, COALESCE(a, 1)"),
+        "SELECT \r\n  \"t\".\"a\"\r\nFROM\r\n  \"t\"\r\nORDER BY\r\n"
+        "  CASE WHEN a IS NULL THEN 1 ELSE 0 END,\r\n  COALESCE(a, 1)\r\n");
+}
