@@ -601,11 +601,16 @@ void TVdSelectParser::DoParseTableDef()
     const bool call = IsDelimToken('(');
     std::string alias;
     bool hasAlias = false;
+    // FROM T AS X names the alias as FROM T X does.
+    const bool as = !call && IsKeywordToken("AS");
+    if (as)
+        Next();
     if (call) {
         alias = PeekAliasAfterParams();
         hasAlias = !alias.empty();
-    } else if (Kind() != tkEnd && !IsClauseToken() && !IsDelimToken(',') && !IsDelimToken(';')) {
-        if (!IsAliasToken())
+    } else if (as ||
+               (Kind() != tkEnd && !IsClauseToken() && !IsDelimToken(',') && !IsDelimToken(';'))) {
+        if (!IsAliasToken() || (Kind() == tkKeyword && !Scanner().TokenQuoted()))
             return Fail();
         alias = AliasText();
         if (!QualifiesAsAlias(alias))
@@ -762,6 +767,7 @@ bool TVdSelectParser::ReadJoinCondition(TVdTableDef*& owner, std::string& ownerF
         Next();
     bool closed = !parenthesised;
     int sides = 0;
+    bool joinedFirst = false;
     for (;;) {
         if (parenthesised && IsDelimToken(')')) {
             Next();
@@ -830,6 +836,7 @@ bool TVdSelectParser::ReadJoinCondition(TVdTableDef*& owner, std::string& ownerF
         }
         if (joinedSide) {
             joinedField = field;
+            joinedFirst = sides == 0;
         } else {
             // A join needs its owning table in FROM, not only named by a qualifier.
             if (table->Name().empty())
@@ -839,7 +846,23 @@ bool TVdSelectParser::ReadJoinCondition(TVdTableDef*& owner, std::string& ownerF
         }
         ++sides;
     }
-    return closed && sides == 2 && owner && owner != joined && !operation.empty();
+    if (!closed || sides != 2 || !owner || owner == joined || operation.empty())
+        return false;
+    // The join prints its owning side first: ON (U.K < T.ID) is ON (T.ID > U.K).
+    return !joinedFirst || MirrorComparison(operation);
+}
+
+// The comparison with its sides exchanged (< for >); false for one that has none.
+bool TVdSelectParser::MirrorComparison(std::string& operation)
+{
+    static const std::pair<const char*, const char*> mirrors[] = {
+        {"=", "="}, {"<>", "<>"}, {"!=", "!="}, {"<", ">"}, {">", "<"}, {"<=", ">="}, {">=", "<="}};
+    for (const auto& [from, to] : mirrors)
+        if (operation == from) {
+            operation = to;
+            return true;
+        }
+    return false;
 }
 
 } // namespace vd

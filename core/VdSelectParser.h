@@ -214,6 +214,7 @@ private:
     void Unlend(TVdTableDef& table, const std::string& name, const std::string& alias);
     int TakenTablePosition(int entryAt) const;
     std::string PeekAliasAfterParams();
+    static bool MirrorComparison(std::string& operation);
     bool ReadJoinCondition(TVdTableDef*& owner, std::string& ownerField, TVdTableDef* joined,
                            std::string& joinedField, std::string& operation);
 

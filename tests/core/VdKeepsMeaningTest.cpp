@@ -281,3 +281,25 @@ TEST(KeepsMeaningSorting, ExpressionMayNotRunIntoAnotherClauseOrStatement)
         "SELECT \r\n  \"t\".\"a\"\r\nFROM\r\n  \"t\"\r\nORDER BY\r\n"
         "  CASE WHEN a IS NULL THEN 1 ELSE 0 END,\r\n  COALESCE(a, 1)\r\n");
 }
+
+TEST(KeepsMeaningJoins, TableAliasMayFollowAs)
+{
+    EXPECT_EQ(Print("SELECT c.name FROM customers AS c JOIN orders AS o ON o.customer_id = c.id"),
+              "SELECT \r\n  \"c\".\"name\"\r\nFROM\r\n  \"customers\" c \r\n"
+              "  INNER JOIN \"orders\" o ON (\"c\".\"id\" = \"o\".\"customer_id\")\r\n");
+    EXPECT_EQ(Refusal("SELECT a FROM t AS WHERE a = 1"), InvalidToken("WHERE", 20));
+}
+
+TEST(KeepsMeaningJoins, ConditionWrittenJoinedSideFirstMirrorsItsComparison)
+{
+    const std::string head =
+        "SELECT \r\n  \"c\".\"a\"\r\nFROM\r\n  \"c\" \r\n  INNER JOIN \"o\" ON ";
+    EXPECT_EQ(Print("SELECT c.a FROM c JOIN o ON o.x < c.y"),
+              head + "(\"c\".\"y\" > \"o\".\"x\")\r\n");
+    EXPECT_EQ(Print("SELECT c.a FROM c JOIN o ON (o.x >= c.y)"),
+              head + "(\"c\".\"y\" <= \"o\".\"x\")\r\n");
+    EXPECT_EQ(Print("SELECT c.a FROM c JOIN o ON (o.x <> c.y)"),
+              head + "(\"c\".\"y\" <> \"o\".\"x\")\r\n");
+    EXPECT_EQ(Print("SELECT c.a FROM c JOIN o ON (c.y < o.x)"),
+              head + "(\"c\".\"y\" < \"o\".\"x\")\r\n");
+}
