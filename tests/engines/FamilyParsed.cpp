@@ -164,6 +164,26 @@ std::vector<TFamilyStatement> ParsedStatements()
         Parsed("OrderByAlias", "SELECT C.NAME AS CUSTOMER FROM CUSTOMERS C ORDER BY CUSTOMER"),
         Parsed("OrderBySeveral", "SELECT O.CUSTOMER_ID, O.ORDER_DATE FROM ORDERS O"
                                  " ORDER BY O.CUSTOMER_ID DESC, O.ORDER_DATE"),
+        // Statements whose print once meant something else: a text in apostrophes beside a
+        // column, a position, a grouping the fields do not derive, an expression to sort by,
+        // an alias without AS, a chain of joins whose order matters.
+        Parsed("TextBesideColumn", "SELECT C.NAME, 'GBP' AS CUR FROM CUSTOMERS C"),
+        Parsed("OrderByPosition", "SELECT DISTINCT C.COUNTRY, C.CITY FROM CUSTOMERS C"
+                                  " ORDER BY 2 DESC, 1"),
+        Parsed("GroupByWithoutAggregates", "SELECT C.CITY, C.COUNTRY FROM CUSTOMERS C"
+                                           " GROUP BY C.CITY, C.COUNTRY"),
+        Parsed("GroupByColumnNotSelected", "SELECT COUNT(*) AS N FROM ORDERS O"
+                                           " GROUP BY O.CUSTOMER_ID HAVING COUNT(*) > 1"),
+        Parsed("OrderByAggregate", "SELECT O.CUSTOMER_ID, COUNT(*) AS N FROM ORDERS O"
+                                   " GROUP BY O.CUSTOMER_ID ORDER BY COUNT(*) DESC, O.CUSTOMER_ID"),
+        Parsed("AliasWithoutAs", "SELECT C.NAME CUSTOMER, C.CITY TOWN FROM CUSTOMERS C"),
+        Parsed("MixedConnectors", "SELECT C.NAME FROM CUSTOMERS C WHERE C.COUNTRY = 'FR'"
+                                  " OR C.COUNTRY = 'DE' AND NOT C.CREDIT_LIMIT < 100"),
+        Parsed("JoinChainKeepsItsOrder",
+               "SELECT C.NAME, O.ID, L.LINE_NO, E.LAST_NAME FROM CUSTOMERS C"
+               " INNER JOIN ORDERS O ON C.ID = O.CUSTOMER_ID"
+               " INNER JOIN ORDER_LINES L ON O.ID = L.ORDER_ID"
+               " RIGHT OUTER JOIN EMPLOYEES E ON O.EMPLOYEE_ID = E.ID"),
         Parsed("EveryClause", EveryClauseText),
         InCase("EveryClauseLowerCase", EveryClauseText, vd::qfmLowerCase),
         InCase("EveryClauseFirstUpper", EveryClauseText, vd::qfmFirstUpper),
