@@ -178,7 +178,7 @@ std::vector<TFamilyStatement> ParsedStatements()
                                    " GROUP BY O.CUSTOMER_ID ORDER BY COUNT(*) DESC, O.CUSTOMER_ID"),
         Parsed("AliasWithoutAs", "SELECT C.NAME CUSTOMER, C.CITY TOWN FROM CUSTOMERS C"),
         Parsed("MixedConnectors", "SELECT C.NAME FROM CUSTOMERS C WHERE C.COUNTRY = 'FR'"
-                                  " OR C.COUNTRY = 'DE' AND NOT C.CREDIT_LIMIT < 100"),
+                                  " OR C.COUNTRY = 'DE' AND NOT (C.CREDIT_LIMIT < 100)"),
         Parsed("JoinChainKeepsItsOrder",
                "SELECT C.NAME, O.ID, L.LINE_NO, E.LAST_NAME FROM CUSTOMERS C"
                " INNER JOIN ORDERS O ON C.ID = O.CUSTOMER_ID"
