@@ -109,10 +109,7 @@ TVdTable* TVdWorkArea::AddObject(const QString& name, Args&&... args)
         table->SetAlias(alias);
     if (!FVandor->DoAddRemoveTable(table.get(), vdaAdd))
         return nullptr;
-    const int captionWidth = table->CaptionRect(false).width();
-    const int needed = captionWidth + table->CaptionHeight() + 2 + TVdTable::ButtonsWidth + 4;
-    if (needed > table->Width())
-        table->SetWidth(needed);
+    table->FitCaption();
     PlaceTable(*table);
     TVdTable* added = table.get();
     FTables.insert(FTables.begin(), std::move(table));

@@ -131,6 +131,19 @@ QString TVdTable::GetCaption() const
     return FTableName + QStringLiteral(" (") + FAlias + QLatin1Char(')');
 }
 
+void TVdTable::SetAlias(const QString& alias)
+{
+    FAlias = alias;
+    FitCaption();
+}
+
+void TVdTable::FitCaption()
+{
+    const int needed = CaptionRect(false).width() + CaptionHeight() + 2 + ButtonsWidth + 4;
+    if (needed > Width())
+        SetWidth(needed);
+}
+
 QString TVdTable::GetAlias() const { return FAlias.trimmed().isEmpty() ? FTableName : FAlias; }
 
 int TVdTable::IndexOf(const TVdListItem* item) const

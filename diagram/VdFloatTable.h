@@ -96,7 +96,9 @@ public:
     const QString& TableName() const { return FTableName; }
     const QString& Alias() const { return FAlias; }
     // Sets the alias as it is, without any event (loading and renaming set it this way).
-    void SetAlias(const QString& alias) { FAlias = alias; }
+    // Sets the alias and widens the object so that its caption (name and alias) shows whole.
+    void SetAlias(const QString& alias);
+    void FitCaption();
     // The name, with " (alias)" when an alias is set.
     QString GetCaption() const;
     // The alias when one is set, else the name.
