@@ -28,7 +28,7 @@ PACKAGES=(
     qt6-tools-dev
     qt6-tools-dev-tools
     libqt6opengl6-dev
-    libqt6svg6-dev
+    qt6-svg-dev
     qt6-image-formats-plugins
     fonts-dejavu-core
     # Real-window screenshots of the demo.
