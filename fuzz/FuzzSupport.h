@@ -101,6 +101,11 @@ inline void CopyModel(const vd::TVdSelectParser& source, vd::TVdSelectParser& ta
     target.WhereItems().Assign(source.WhereItems());
     target.HavingItems().Assign(source.HavingItems());
     target.OrderByItems().Assign(source.OrderByItems());
+    // What the statement groups by beyond the derived list (a grouping without aggregates,
+    // a column that is no output) is model state too; HAVING prints only with a GROUP BY.
+    target.GroupByItems().ClearKept();
+    for (const std::string& item : source.GroupByItems().KeptItems())
+        target.GroupByItems().AddKept(item);
     target.SetDistinct(source.Distinct());
     if (const auto* ib = dynamic_cast<const vd::TVdIBSelectParser*>(&source)) {
         auto& to = static_cast<vd::TVdIBSelectParser&>(target);
