@@ -6,6 +6,8 @@
 #include "core/VdTableDef.h"
 #include "core/VdText.h"
 
+#include <unordered_map>
+
 namespace vd {
 
 namespace {
@@ -74,22 +76,115 @@ std::string TVdGroupByItems::DerivedLine(const TVdFieldDef& field) const
     return line;
 }
 
+std::vector<std::string>
+TVdGroupByItems::DerivedLines(const std::vector<const TVdFieldDef*>& derived) const
+{
+    std::vector<std::string> lines;
+    lines.reserve(derived.size());
+    for (const TVdFieldDef* field : derived)
+        lines.push_back(DerivedLine(*field));
+    return lines;
+}
+
+namespace {
+
+// The derived fields under every spelling a GROUP BY item may name them by, so that each
+// kept item is looked up once rather than compared with every field.
+class TDerivedIndex
+{
+public:
+    TDerivedIndex(const std::vector<const TVdFieldDef*>& derived,
+                  const std::vector<std::string>& lines)
+    {
+        for (int i = 0; i < int(derived.size()); ++i) {
+            const TVdFieldDef& field = *derived[size_t(i)];
+            FByLine[lines[size_t(i)]].push_back(i);
+            const std::string name = Unquoted(field.Name());
+            FByName[text::Upper(name)].push_back(i);
+            const std::string prefix = Unquoted(TablePrefix(field));
+            if (!prefix.empty())
+                FByName[text::Upper(prefix + '.' + name)].push_back(i);
+            if (!field.Alias().empty())
+                FByAlias[text::Upper(field.Alias())].push_back(i);
+            FPositions.emplace(&field, i);
+        }
+    }
+
+    // The fields item names as a derived line does: it prints as that line (script), or it is
+    // the name alone or qualified with the table's alias (or name), in any letter case and
+    // quotes aside.
+    template <class Visit>
+    void ForNamed(const std::string& item, const std::string& script, Visit visit) const
+    {
+        ForEach(FByLine, script, visit);
+        ForEach(FByName, text::Upper(Unquoted(item)), visit);
+    }
+
+    // The fields item groups by: those it names, the one whose alias it is, the one at its
+    // position in printed (the printed select list).
+    template <class Visit>
+    void ForGrouped(const std::string& item, const std::string& script,
+                    const std::vector<const TVdFieldDef*>& printed, Visit visit) const
+    {
+        ForNamed(item, script, visit);
+        ForEach(FByAlias, text::Upper(item), visit);
+        if (!TVdStringList::IsPosition(item) || item.size() > 9)
+            return;
+        const size_t position = std::stoul(item);
+        if (position < 1 || position > printed.size())
+            return;
+        const auto found = FPositions.find(printed[position - 1]);
+        if (found != FPositions.end())
+            visit(found->second);
+    }
+
+private:
+    using TKeys = std::unordered_map<std::string, std::vector<int>>;
+
+    template <class Visit>
+    static void ForEach(const TKeys& keys, const std::string& key, Visit visit)
+    {
+        const auto found = keys.find(key);
+        if (found != keys.end())
+            for (const int i : found->second)
+                visit(i);
+    }
+
+    TKeys FByLine;
+    TKeys FByName;
+    TKeys FByAlias;
+    std::unordered_map<const TVdFieldDef*, int> FPositions;
+};
+
+} // namespace
+
 void TVdGroupByItems::Rebuild()
 {
     const std::vector<const TVdFieldDef*> derived = DerivedFields();
-    TVdStringList::Clear();
-    for (const TVdFieldDef* field : derived)
-        Add(DerivedLine(*field));
+    std::vector<std::string> lines = DerivedLines(derived);
+    const TDerivedIndex index(derived, lines);
+    FLines = std::move(lines);
     for (const std::string& item : FKept) {
+        std::string script = ItemScript(item);
         bool named = false;
-        for (const TVdFieldDef* field : derived)
-            if (NamesField(item, *field)) {
-                named = true;
-                break;
-            }
+        index.ForNamed(item, script, [&named](int) { named = true; });
         if (!named)
-            Add(ItemScript(item));
+            Add(script);
     }
+}
+
+std::vector<bool>
+TVdGroupByItems::KeptGroupings(const std::vector<const TVdFieldDef*>& derived,
+                               const std::vector<const TVdFieldDef*>& printed) const
+{
+    std::vector<bool> grouped(derived.size(), false);
+    if (FKept.empty())
+        return grouped;
+    const TDerivedIndex index(derived, DerivedLines(derived));
+    for (const std::string& item : FKept)
+        index.ForGrouped(item, ItemScript(item), printed,
+                         [&grouped](int i) { grouped[size_t(i)] = true; });
+    return grouped;
 }
 
 std::string TVdGroupByItems::GetScript()
@@ -114,38 +209,12 @@ void TVdGroupByItems::DeleteKept(int index)
         FKept.erase(FKept.begin() + index);
 }
 
+void TVdGroupByItems::KeepLines() { FKept = FLines; }
+
 void TVdGroupByItems::Clear()
 {
     TVdStringList::Clear();
     FKept.clear();
-}
-
-bool TVdGroupByItems::NamesField(const std::string& item, const TVdFieldDef& field) const
-{
-    if (Parser() && ItemScript(item) == DerivedLine(field))
-        return true;
-    const std::string bare = Unquoted(item);
-    const std::string name = Unquoted(field.Name());
-    if (text::SameText(bare, name))
-        return true;
-    const std::string prefix = Unquoted(TablePrefix(field));
-    return !prefix.empty() && bare.size() == prefix.size() + 1 + name.size() &&
-           bare[prefix.size()] == '.' &&
-           text::SameText(std::string_view(bare).substr(0, prefix.size()), prefix) &&
-           text::SameText(std::string_view(bare).substr(prefix.size() + 1), name);
-}
-
-bool TVdGroupByItems::GroupsField(const std::string& item, const TVdFieldDef& field,
-                                  const std::vector<const TVdFieldDef*>& printed) const
-{
-    if (NamesField(item, field))
-        return true;
-    if (!field.Alias().empty() && text::SameText(item, field.Alias()))
-        return true;
-    if (!IsPosition(item) || item.size() > 9)
-        return false;
-    const size_t position = std::stoul(item);
-    return position >= 1 && position <= printed.size() && printed[position - 1] == &field;
 }
 
 } // namespace vd

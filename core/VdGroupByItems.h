@@ -31,17 +31,18 @@ public:
     void ClearKept() { FKept.clear(); }
     void Clear() override;
 
-    // Whether item names the field as its derived line does: it prints as that line, or it is
-    // the name alone or qualified with the table's alias (or name) in any letter case, as
-    // unquoted names are compared.
-    bool NamesField(const std::string& item, const TVdFieldDef& field) const;
-    // Whether item groups by the field: by name, by the field's alias, or as the position
-    // of the field in printed (the printed select list).
-    bool GroupsField(const std::string& item, const TVdFieldDef& field,
-                     const std::vector<const TVdFieldDef*>& printed) const;
+    // The lines read become the kept items (the parser, after GROUP BY).
+    void KeepLines();
+
+    // For each of the derived fields, whether a kept item groups by it: by its name alone or
+    // qualified (any letter case, quotes aside, or as the derived line prints), by the
+    // field's alias, or as its position in printed (the printed select list).
+    std::vector<bool> KeptGroupings(const std::vector<const TVdFieldDef*>& derived,
+                                    const std::vector<const TVdFieldDef*>& printed) const;
 
 private:
     std::string DerivedLine(const TVdFieldDef& field) const;
+    std::vector<std::string> DerivedLines(const std::vector<const TVdFieldDef*>& derived) const;
 
     std::vector<std::string> FKept;
 };

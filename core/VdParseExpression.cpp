@@ -26,15 +26,12 @@ private:
         return S.TokenQuoted() || P.IsNameKind() || S.TokenKind() == tkInteger ||
                S.TokenKind() == tkFloat;
     }
-    // CASE, WHEN, THEN, ELSE (and END when closing is true): the words of a CASE expression,
-    // which stand between operands.
-    bool AtCaseWord(bool closing) const;
     void Consume()
     {
         LastEnd = S.TokenEnd();
         // The scanner ends a float at its point ("1." then "5"): its digits may follow.
-        AfterOperand =
-            (AtOperand() && !AtCaseWord(false) && S.TokenKind() != tkFloat) || P.IsDelimToken(')');
+        AfterOperand = (AtOperand() && !P.AtCaseWord(false) && S.TokenKind() != tkFloat) ||
+                       P.IsDelimToken(')');
         P.Next();
     }
     bool ReadCall(TVdFunctionDef& node, TVdTableDef*& table);
@@ -78,16 +75,6 @@ bool TVdExpressionReader::AtStop(int depth) const
     return false;
 }
 
-bool TVdExpressionReader::AtCaseWord(bool closing) const
-{
-    if (S.TokenQuoted() || (S.TokenKind() != tkIdent && S.TokenKind() != tkKeyword))
-        return false;
-    const std::string& word = S.Token();
-    return text::SameText(word, "CASE") || text::SameText(word, "WHEN") ||
-           text::SameText(word, "THEN") || text::SameText(word, "ELSE") ||
-           (closing && text::SameText(word, "END"));
-}
-
 // SUM(A) TOTAL, A X: a name right after an operand, standing last in its select item, is the
 // item's alias, as SQL reads it (the words that close a CASE expression excepted).
 bool TVdExpressionReader::AtAliasWithoutAs() const
@@ -97,7 +84,7 @@ bool TVdExpressionReader::AtAliasWithoutAs() const
     if (S.TokenQuoted() ? !S.IsIdentQuote(S.TokenQuote()) || S.TokenQuote() == '\''
                         : S.TokenKind() != tkIdent)
         return false;
-    if (AtCaseWord(true))
+    if (P.AtCaseWord(true))
         return false;
     const TVdSQLScanner::TState alias = S.SaveState();
     S.GetNextToken();
@@ -343,7 +330,7 @@ void TVdExpressionReader::ReadRest(TVdFunctionDef& node, TVdTableDef*& table, in
             table = QualifierTable(prevAlias, prevName);
         // Two operands in a row that are no alias (SELECT A B C) make no expression.
         if (Context == TVdExprContext::SelectList && depth == 0 && AfterOperand && AtOperand() &&
-            !AtCaseWord(true)) {
+            !P.AtCaseWord(true)) {
             P.Fail();
             return;
         }

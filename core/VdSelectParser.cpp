@@ -1,6 +1,7 @@
 #include "core/VdSelectParser.h"
 
 #include <charconv>
+#include <optional>
 #include <unordered_set>
 
 namespace vd {
@@ -519,6 +520,7 @@ void TVdSelectParser::DoParseGroupByClause()
     Next(); // past BY
     FGroupByPlace = {Token(), Scanner().LineNo(), Scanner().LinePos()};
     CollectNames(false);
+    FGroupByItems.KeepLines();
     if (FState == ssError)
         return;
     if (Kind() == tkEnd)
@@ -591,13 +593,14 @@ void TVdSelectParser::CollectNames(bool ordered)
             FOrderByItems.AddOrdered(name, kind);
         } else if (grouped.insert(name).second) {
             FGroupByItems.Add(name);
-            FGroupByItems.AddKept(name);
         }
         name.clear();
         kept.clear();
         dotted = false;
     };
     TVdSQLScanner::TState itemStart = Scanner().SaveState();
+    // Asked at the first position only: the select list does not change here.
+    std::optional<bool> positionsKept;
     for (;;) {
         if (name.empty() && expectPart)
             itemStart = Scanner().SaveState();
@@ -660,7 +663,9 @@ void TVdSelectParser::CollectNames(bool ordered)
             if (!Scanner().TokenQuoted()) {
                 // A position (ORDER BY 2): it keeps its column only where the print lists
                 // the columns as written.
-                if (!PositionsKeepTheirColumns())
+                if (!positionsKept)
+                    positionsKept = PositionsKeepTheirColumns();
+                if (!*positionsKept)
                     return Fail();
             } else if (Scanner().GetQuoteIdentifiers()) {
                 part = Scanner().ProcessName(part); // a column named "2" stays a name
@@ -675,17 +680,15 @@ void TVdSelectParser::CollectNames(bool ordered)
     }
 }
 
-namespace {
-
-// The words of a CASE expression, which stand between its operands.
-bool IsCaseWord(const std::string& word)
+bool TVdSelectParser::AtCaseWord(bool closing) const
 {
+    if (Scanner().TokenQuoted() || (Kind() != tkIdent && Kind() != tkKeyword))
+        return false;
+    const std::string& word = Token();
     return text::SameText(word, "CASE") || text::SameText(word, "WHEN") ||
            text::SameText(word, "THEN") || text::SameText(word, "ELSE") ||
-           text::SameText(word, "END");
+           (closing && text::SameText(word, "END"));
 }
-
-} // namespace
 
 bool TVdSelectParser::IsOperatorWord(const std::string& word) const
 {
@@ -716,7 +719,7 @@ bool TVdSelectParser::ReadOrderExpression()
             break;
         // Two operands in a row (A LIMIT 5) or a delimiter such as ";" make no expression.
         // Words of CASE and of the operators (IS NULL, LIKE, IN) stand between operands.
-        const bool caseWord = !quoted && (IsCaseWord(Token()) || IsOperatorWord(Token()));
+        const bool caseWord = AtCaseWord(true) || (!quoted && IsOperatorWord(Token()));
         const bool operand = quoted || IsNameKind() || Kind() == tkInteger || Kind() == tkFloat;
         if ((operand && afterOperand && !caseWord) ||
             (Kind() == tkDelim && !quoted && !IsDelimToken('(') && !IsDelimToken(')') &&
@@ -770,17 +773,10 @@ const TVdFieldDef* TVdSelectParser::UngroupedColumn() const
     if (FGroupByItems.KeptItems().empty())
         return nullptr;
     const std::vector<const TVdFieldDef*> derived = FGroupByItems.DerivedFields();
-    const std::vector<const TVdFieldDef*> printed = PrintedFields();
-    for (const TVdFieldDef* field : derived) {
-        bool grouped = false;
-        for (const std::string& item : FGroupByItems.KeptItems())
-            if (FGroupByItems.GroupsField(item, *field, printed)) {
-                grouped = true;
-                break;
-            }
-        if (!grouped)
-            return field;
-    }
+    const std::vector<bool> grouped = FGroupByItems.KeptGroupings(derived, PrintedFields());
+    for (size_t i = 0; i < derived.size(); ++i)
+        if (!grouped[i])
+            return derived[i];
     return nullptr;
 }
 

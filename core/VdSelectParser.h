@@ -196,6 +196,9 @@ private:
     void CollectNames(bool ordered);
     bool ReadOrderExpression();
     bool IsOperatorWord(const std::string& word) const;
+    // The current token is CASE, WHEN, THEN, ELSE (or END when closing is true): the words of
+    // a CASE expression, which stand between its operands.
+    bool AtCaseWord(bool closing) const;
     TVdTableDef* ResolveTable(const std::string& name, const std::string* alias);
     TVdTableDef* ResolveAliasedTable(const std::string& name, const std::string& alias);
     TVdTableDef* Untaken(TVdTableDef* table) const;
