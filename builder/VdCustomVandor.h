@@ -235,6 +235,9 @@ private:
     void ApplyTabHeight();
     // The definition of a table object: by its alias among the aliases.
     TVdTableDef* FindDef(const QString& alias) const;
+    // A grid row's field ("T.A") loses its tick in the diagram; its definition by the row's
+    // alias, if any.
+    TVdFieldDef* UntickGridField(const QString& fieldValue, const QString& aliasValue);
     void ChangeSQL();
 
     TVdWorkArea* FWorkArea = nullptr;

@@ -206,8 +206,7 @@ void TCustomVandor::HandleSelectField(const QString& fieldValue, const QString& 
     emit sqlChanged();
 }
 
-void TCustomVandor::HandleUnselectField(const QString& fieldValue, const QString& aggregateValue,
-                                        const QString& aliasValue)
+TVdFieldDef* TCustomVandor::UntickGridField(const QString& fieldValue, const QString& aliasValue)
 {
     QString tablePart;
     QString fieldPart;
@@ -216,7 +215,13 @@ void TCustomVandor::HandleUnselectField(const QString& fieldValue, const QString
     if (TVdListItem* item = table ? table->FindItem(fieldPart) : nullptr)
         item->UpdateCheck(false);
     TVdTableDef* def = FindDef(tablePart);
-    TVdFieldDef* field = def ? def->FieldDefs().FindByAlias(ToStdString(aliasValue)) : nullptr;
+    return def ? def->FieldDefs().FindByAlias(ToStdString(aliasValue)) : nullptr;
+}
+
+void TCustomVandor::HandleUnselectField(const QString& fieldValue, const QString& aggregateValue,
+                                        const QString& aliasValue)
+{
+    TVdFieldDef* field = UntickGridField(fieldValue, aliasValue);
     if (!field)
         return;
     const std::string aggregate = ToStdString(aggregateValue);
@@ -242,17 +247,10 @@ void TCustomVandor::HandleUnselectField(const QString& fieldValue, const QString
 void TCustomVandor::HandleDeleteField(const QString& fieldValue, const QString&,
                                       const QString& aliasValue)
 {
-    QString tablePart;
-    QString fieldPart;
-    SplitFieldValue(fieldValue, tablePart, fieldPart);
-    TVdTable* table = FTableList ? FTableList->FindByAlias(tablePart) : nullptr;
-    if (TVdListItem* item = table ? table->FindItem(fieldPart) : nullptr)
-        item->UpdateCheck(false);
-    TVdTableDef* def = FindDef(tablePart);
-    TVdFieldDef* field = def ? def->FieldDefs().FindByAlias(ToStdString(aliasValue)) : nullptr;
+    TVdFieldDef* field = UntickGridField(fieldValue, aliasValue);
     if (!field)
         return;
-    def->FieldDefs().Delete(field->Index());
+    field->Table()->FieldDefs().Delete(field->Index());
     emit sqlChanged();
 }
 
