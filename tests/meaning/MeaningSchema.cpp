@@ -1,5 +1,7 @@
 #include "tests/meaning/MeaningSchema.h"
 
+#include "core/VdText.h"
+
 #include <cstdio>
 #include <random>
 #include <set>
@@ -54,17 +56,6 @@ const std::vector<std::string>& Words()
 
 namespace {
 
-std::string Quoted(const std::string& text)
-{
-    std::string out = "'";
-    for (char c : text) {
-        out += c;
-        if (c == '\'')
-            out += '\'';
-    }
-    return out + "'";
-}
-
 std::string TypeName(TDialect dialect, TValueType type)
 {
     switch (type) {
@@ -105,7 +96,7 @@ std::string Value(std::mt19937& rng, const TTable& table, int column, int row)
         return text;
     }
     case TValueType::Text:
-        return Quoted(Words()[size_t(pick(0, int(Words().size()) - 1))]);
+        return vd::text::QuotedStr(Words()[size_t(pick(0, int(Words().size()) - 1))], '\'');
     }
     return "NULL";
 }

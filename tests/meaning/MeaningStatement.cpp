@@ -1,5 +1,7 @@
 #include "tests/meaning/MeaningStatement.h"
 
+#include "core/VdText.h"
+
 #include <algorithm>
 #include <cctype>
 
@@ -51,17 +53,6 @@ std::string TRenderer::Ref(int entry) const
     return Name(e.Alias.empty() ? Tables()[size_t(e.Table)].Name : e.Alias);
 }
 
-std::string Quoted(const std::string& text)
-{
-    std::string out = "'";
-    for (char c : text) {
-        out += c;
-        if (c == '\'')
-            out += '\'';
-    }
-    return out + "'";
-}
-
 std::string TRenderer::Expr(const TExpr& expr) const
 {
     switch (expr.Kind) {
@@ -74,7 +65,7 @@ std::string TRenderer::Expr(const TExpr& expr) const
     case TExpr::eReal:
         return expr.Text;
     case TExpr::eString:
-        return Quoted(expr.Text);
+        return vd::text::QuotedStr(expr.Text, '\'');
     case TExpr::eArith:
         return Expr(expr.Args[0]) + " " + expr.Text + " " + Expr(expr.Args[1]);
     case TExpr::eFunc:
