@@ -88,6 +88,20 @@ TEST_F(VdVandorLoadTest, EveryTableAnsweredGetsAnObjectWithItsAliasAndTicks)
     EXPECT_TRUE(Table("E")->FindItem(QStringLiteral("LASTNAME"))->Checked());
 }
 
+TEST_F(VdVandorLoadTest, CaptionWithTheAliasShowsWhole)
+{
+    // The alias comes after the object was sized for its name alone.
+    Vandor.SetSQL(QString::fromUtf8(ThreeTables));
+    for (const char* alias : {"O", "C", "E"}) {
+        SCOPED_TRACE(alias);
+        const TVdTable* table = Table(alias);
+        ASSERT_NE(table, nullptr);
+        EXPECT_TRUE(table->GetCaption().endsWith(QStringLiteral(" (") + QString::fromUtf8(alias) +
+                                                 QLatin1Char(')')));
+        EXPECT_LE(table->CaptionRect(false).width(), table->GetCaptionRect().width());
+    }
+}
+
 TEST_F(VdVandorLoadTest, JoinsBecomeLinksWithTheirKind)
 {
     Vandor.SetSQL(QString::fromUtf8(ThreeTables));
