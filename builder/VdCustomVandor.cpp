@@ -120,7 +120,7 @@ void TCustomVandor::CreateSheetViews()
     FWherePanel->SetParser(FParser.get());
     FWherePanel->Activate();
 
-    FSelectPanel = new TVdSelectPanel;
+    FSelectPanel = new TVdSelectPanel(FPageControl->widget(1));
     place(1, FSelectPanel);
     FSelectPanel->SetParser(FParser.get());
     TVdSelectGrid* grid = FSelectPanel->Grid();
@@ -137,18 +137,22 @@ void TCustomVandor::CreateSheetViews()
         HandleChangeFieldAlias(f, a, n);
     };
     connect(FSelectPanel, &TVdSelectPanel::distinctChanged, this, &TCustomVandor::ChangeSQL);
+    connect(FSelectPanel, &TVdSelectPanel::groupingChanged, this, &TCustomVandor::ChangeSQL);
+    // What is grouped by beyond the output fields follows every edit of them.
+    connect(this, &TCustomVandor::sqlChanged, FSelectPanel, &TVdSelectPanel::RefreshKeptGrouping);
 
     FHavingPanel = new TVdHavingPanel;
     place(2, FHavingPanel);
     FHavingPanel->SetParser(FParser.get());
     FHavingPanel->Activate();
 
-    FOrderPanel = new TVdOrderPanel;
+    FOrderPanel = new TVdOrderPanel(FPageControl->widget(3));
     place(3, FOrderPanel);
     FOrderPanel->SetParser(FParser.get());
     FOrderPanel->OnGetFields = [this](QObject* sender, QStringList& list) {
         HandleGetOrderFields(sender, list);
     };
+    connect(FOrderPanel, &TVdOrderPanel::orderChanged, this, &TCustomVandor::ChangeSQL);
 }
 
 void TCustomVandor::CreateWorkArea()

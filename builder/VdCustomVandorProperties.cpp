@@ -4,6 +4,7 @@
 
 #include "builder/VdPageControl.h"
 #include "builder/VdQtText.h"
+#include "panels/VdSelectGrid.h"
 #include "panels/VdSelectPanel.h"
 
 #include <QSplitter>
@@ -53,12 +54,14 @@ void TCustomVandor::SetAggregates(const QStringList& value)
         return;
     FParser->SetAggregates(ToWordList(value));
     if (FSelectPanel)
-        FSelectPanel->SetParser(FParser.get());
+        FSelectPanel->Grid()->SetAggregates(GetAggregates());
 }
 
 void TCustomVandor::ResetAggregates()
 {
     FParser->SetAggregates(SortedDefault(FParser->GetCommaAggregates()));
+    if (FSelectPanel)
+        FSelectPanel->Grid()->SetAggregates(GetAggregates());
 }
 
 bool TCustomVandor::IsAggregatesStored() const

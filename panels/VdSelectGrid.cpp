@@ -1,24 +1,68 @@
 #include "panels/VdSelectGrid.h"
 
 #include "builder/VdQtText.h"
+#include "core/VdError.h"
 #include "core/VdFieldDef.h"
 #include "core/VdSelectParser.h"
+#include "panels/VdSelectPanel.h"
 #include "resources/VdResource.h"
 
 #include <QHeaderView>
+#include <QResizeEvent>
+
+#include <cmath>
 
 namespace vd {
 
+namespace {
+
+// The first identifier of an expression, the node itself first, then its arguments in order.
+const TVdFunctionDef* FirstIdentifier(const TVdFunctionDef& node)
+{
+    if (node.Kind() == fkIdentifier)
+        return &node;
+    for (int i = 0; i < node.ArgumentCount(); ++i)
+        if (const TVdFunctionDef* found = FirstIdentifier(*node.Argument(i)))
+            return found;
+    return nullptr;
+}
+
+bool IsNameChar(QChar c)
+{
+    return c.isLetterOrNumber() || c == QLatin1Char('_') || c == QLatin1Char('$') ||
+           c == QLatin1Char('#') || c == QLatin1Char('.') || c == QLatin1Char('"') ||
+           c == QLatin1Char('`');
+}
+
+} // namespace
+
 TVdSelectGrid::TVdSelectGrid(QWidget* parent) : QTableWidget(1, 3, parent)
 {
+    if (!parent)
+        throw EVdError(ToStdString(VdResource::InvalidSelectGridParent()));
     setHorizontalHeaderLabels({VdResource::OutputFieldNameHeader(), VdResource::AggregateHeader(),
                                VdResource::SourceFieldNameHeader()});
     verticalHeader()->hide();
-    verticalHeader()->setDefaultSectionSize(20);
-    horizontalHeader()->setStretchLastSection(true);
+    verticalHeader()->setDefaultSectionSize(DefaultRowHeight);
+    verticalHeader()->setMinimumSectionSize(DefaultRowHeight);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setSelectionMode(QAbstractItemView::SingleSelection);
+    setSelectionBehavior(QAbstractItemView::SelectItems);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setWordWrap(false);
+    setTextElideMode(Qt::ElideRight);
+    setAcceptDrops(true);
+    viewport()->setAcceptDrops(true);
+    // Drags over the header reach the grid too, so it can refuse them there.
+    horizontalHeader()->viewport()->setAcceptDrops(true);
+    horizontalHeader()->viewport()->installEventFilter(this);
+    setDragDropMode(QAbstractItemView::DropOnly);
+    CreateEditors();
+    CreatePopupMenu();
     Clear();
 }
 
@@ -27,9 +71,12 @@ void TVdSelectGrid::SetCell(int row, int column, const QString& text)
     QTableWidgetItem* cell = item(row, column);
     if (!cell) {
         cell = new QTableWidgetItem;
+        cell->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
         setItem(row, column, cell);
     }
     cell->setText(text);
+    cell->setToolTip(fontMetrics().horizontalAdvance(text) > columnWidth(column) - 6 ? text
+                                                                                     : QString());
 }
 
 QString TVdSelectGrid::CellText(int row, int column) const
@@ -45,31 +92,57 @@ void TVdSelectGrid::Clear()
         SetCell(0, column, QString());
 }
 
+void TVdSelectGrid::resizeEvent(QResizeEvent* event)
+{
+    QTableWidget::resizeEvent(event);
+    const int width = viewport()->width();
+    const int name = int(std::lround(width * 0.4));
+    const int aggregate = int(std::lround(width * 0.1));
+    setColumnWidth(0, name);
+    setColumnWidth(1, aggregate);
+    setColumnWidth(2, width - name - aggregate - 2);
+}
+
 void TVdSelectGrid::CheckField(const TVdFieldDef& field)
 {
+    // A procedure's input parameters are its arguments, never output columns.
     if (field.IsInputParam())
         return;
-    const QString table = ToQString(field.GetTableAlias());
-    QString aggregate;
-    QString source;
-    const TVdSelectParser* parser = field.Parser();
-    const bool aggregated = field.Kind() == fkFunction && field.ArgumentCount() == 1 &&
-                            field.Argument(0)->Kind() == fkIdentifier && parser &&
-                            parser->Aggregates().Contains(field.Name());
-    if (field.Kind() == fkIdentifier) {
-        source = table + QLatin1Char('.') + ToQString(field.Name());
-    } else if (aggregated) {
-        aggregate = ToQString(field.Name());
-        source = table + QLatin1Char('.') + ToQString(field.Argument(0)->Name());
-    } else {
-        source = ToQString(field.GetScript());
-    }
-    // The blank new row stays last.
-    const int row = rowCount() - 1;
+    // The blank row moves down one; the row it leaves takes the field.
+    const int row = LastRow();
     insertRow(row);
-    SetCell(row, 0, ToQString(field.Alias()));
-    SetCell(row, 1, aggregate);
+    for (int column = 0; column < 3; ++column)
+        SetCell(row, column, QString());
+    QString prefix = ToQString(field.GetTableAlias()).trimmed();
+    if (!prefix.isEmpty())
+        prefix += QLatin1Char('.');
+    const auto* panel = qobject_cast<const TVdSelectPanel*>(parentWidget());
+    const TVdSelectParser* parser = panel ? panel->Parser() : nullptr;
+    QString source;
+    if (field.Kind() == fkFunction && parser && parser->Aggregates().Contains(field.Name())) {
+        SetCell(row, 1, ToQString(field.Name()));
+        // SUM(A * 2) shows A; COUNT(*) and SUM(1 + 2) name no column and show none.
+        if (const TVdFunctionDef* column = FirstIdentifier(field))
+            source = prefix + ToQString(column->Name());
+    } else if (field.Kind() == fkIdentifier) {
+        source = prefix + ToQString(field.Name());
+    } else {
+        source = ToQString(static_cast<const TVdFunctionDef&>(field).GetScript());
+    }
     SetCell(row, 2, source);
+    SetCell(row, 0, field.Alias().empty() ? source : ToQString(field.Alias()));
+}
+
+void TVdSelectGrid::UnCheckField(const TVdFieldDef& field)
+{
+    if (field.Kind() != fkIdentifier)
+        return;
+    const QString alias = ToQString(field.GetTableAlias());
+    const QString key =
+        (alias.isEmpty() ? QString() : alias + QLatin1Char('.')) + ToQString(field.Name());
+    for (int row = LastRow() - 1; row >= 0; --row)
+        if (CellText(row, 2) == key)
+            removeRow(row);
 }
 
 void TVdSelectGrid::ChangeAlias(const QString& newAlias, const QString& oldAlias)
@@ -80,11 +153,20 @@ void TVdSelectGrid::ChangeAlias(const QString& newAlias, const QString& oldAlias
     const QString to = newAlias + QLatin1Char('.');
     for (int row = 0; row < rowCount(); ++row) {
         QString text = CellText(row, 2);
-        const QString before = text;
-        // Search again from the start after each replacement.
-        for (qsizetype at = text.indexOf(from); at >= 0; at = text.indexOf(from))
+        bool changed = false;
+        // Only a whole qualifier: the character before it must not continue a name. The
+        // search goes on after the replacement, so a new alias ending in the old one cannot
+        // be renamed again.
+        for (qsizetype at = text.indexOf(from); at >= 0; at = text.indexOf(from, at)) {
+            if (at > 0 && IsNameChar(text.at(at - 1))) {
+                at += from.size();
+                continue;
+            }
             text.replace(at, from.size(), to);
-        if (text != before)
+            at += to.size();
+            changed = true;
+        }
+        if (changed)
             SetCell(row, 2, text);
     }
     viewport()->update();
@@ -98,12 +180,16 @@ QString TVdSelectGrid::GetFieldAlias(const QString& sourceFieldName) const
     return QString();
 }
 
-int TVdSelectGrid::CurrentDataRow() const
+void TVdSelectGrid::SetCurrentAliasCell(const QString& text)
 {
     const int row = currentRow();
-    return row >= 0 ? row : rowCount() - 1;
+    SetCell(row >= 0 ? row : LastRow(), 0, text);
 }
 
-void TVdSelectGrid::SetCurrentAliasCell(const QString& text) { SetCell(CurrentDataRow(), 0, text); }
+void TVdSelectGrid::RaiseSelectEvent(const TVdSelectEvent& event, int row) const
+{
+    if (event)
+        event(CellText(row, 2), CellText(row, 1), CellText(row, 0));
+}
 
 } // namespace vd

@@ -96,6 +96,27 @@ QString VdResource::InvalidOrderPanelParent()
     return QCoreApplication::translate("VdResource", "Invalid parent for OrderPanel");
 }
 
+QString VdResource::KeptGroupingLabel()
+{
+    return QCoreApplication::translate("VdResource", "Also grouped by:");
+}
+
+QString VdResource::RemoveKeptGroupingButton()
+{
+    return QCoreApplication::translate("VdResource", "Remove");
+}
+
+QString VdResource::RemoveKeptGroupingHint()
+{
+    return QCoreApplication::translate("VdResource",
+                                       "Stop grouping by the selected item (Delete)");
+}
+
+QString VdResource::KeptGroupingPositionHint()
+{
+    return QCoreApplication::translate("VdResource", "Position in the select list");
+}
+
 QString VdResource::OutputFieldsLabel()
 {
     return QCoreApplication::translate("VdResource", "Output fields");
@@ -122,6 +143,41 @@ QString VdResource::DownButton() { return QCoreApplication::translate("VdResourc
 QString VdResource::Ascending() { return QCoreApplication::translate("VdResource", "Ascending"); }
 
 QString VdResource::Descending() { return QCoreApplication::translate("VdResource", "Descending"); }
+
+QString VdResource::AddSortHint()
+{
+    return QCoreApplication::translate("VdResource", "Sort by the selected field (Enter)");
+}
+
+QString VdResource::AddAllSortHint()
+{
+    return QCoreApplication::translate("VdResource", "Sort by all fields");
+}
+
+QString VdResource::RemoveSortHint()
+{
+    return QCoreApplication::translate("VdResource", "Stop sorting by the selected field (Delete)");
+}
+
+QString VdResource::RemoveAllSortHint()
+{
+    return QCoreApplication::translate("VdResource", "Stop sorting by any field");
+}
+
+QString VdResource::DirectionHint()
+{
+    return QCoreApplication::translate("VdResource", "Reverse the sort order (Space)");
+}
+
+QString VdResource::MoveUpHint()
+{
+    return QCoreApplication::translate("VdResource", "Sort by this field earlier (Ctrl+Up)");
+}
+
+QString VdResource::MoveDownHint()
+{
+    return QCoreApplication::translate("VdResource", "Sort by this field later (Ctrl+Down)");
+}
 
 QString VdResource::InvalidWorkAreaParent()
 {

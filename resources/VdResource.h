@@ -39,6 +39,11 @@ public:
     static QString CantDeleteLastRow();
     static QString InvalidSelectGridParent();
     static QString InvalidOrderPanelParent();
+    // The grouping kept beyond the output fields, under the grid
+    static QString KeptGroupingLabel();
+    static QString RemoveKeptGroupingButton();
+    static QString RemoveKeptGroupingHint();
+    static QString KeptGroupingPositionHint();
 
     // Sorting page; Ascending and Descending are also compared as the sort-order column's text
     static QString OutputFieldsLabel();
@@ -50,6 +55,14 @@ public:
     static QString DownButton();
     static QString Ascending();
     static QString Descending();
+    // Hints of the sorting page's buttons
+    static QString AddSortHint();
+    static QString AddAllSortHint();
+    static QString RemoveSortHint();
+    static QString RemoveAllSortHint();
+    static QString DirectionHint();
+    static QString MoveUpHint();
+    static QString MoveDownHint();
 
     // Work area
     static QString InvalidWorkAreaParent();
