@@ -248,6 +248,14 @@ void TCustomVandor::HandleDeleteField(const QString& fieldValue, const QString&,
                                       const QString& aliasValue)
 {
     TVdFieldDef* field = UntickGridField(fieldValue, aliasValue);
+    // A row over no column (COUNT(*)) names no table: its output field is found by its name.
+    if (!field && fieldValue.isEmpty())
+        for (TVdFieldDef* candidate : FParser->TableDefs().FieldsInOrder())
+            if (candidate && !candidate->IsInputParam() &&
+                candidate->Alias() == ToStdString(aliasValue)) {
+                field = candidate;
+                break;
+            }
     if (!field)
         return;
     field->Table()->FieldDefs().Delete(field->Index());

@@ -72,10 +72,7 @@ void TVdKeptGroupingList::Refresh()
     UpdateButton();
 }
 
-void TVdKeptGroupingList::UpdateButton()
-{
-    FRemove->setEnabled(!FList->selectedItems().isEmpty());
-}
+void TVdKeptGroupingList::UpdateButton() { FRemove->setEnabled(!FList->selectedItems().isEmpty()); }
 
 void TVdKeptGroupingList::RemoveSelected()
 {

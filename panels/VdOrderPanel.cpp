@@ -71,8 +71,8 @@ void TVdOrderPanel::CreateLists()
     FSorted->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     FSorted->header()->setSectionsMovable(false);
 
-    for (QAbstractItemView* list : {static_cast<QAbstractItemView*>(FUnsorted),
-                                    static_cast<QAbstractItemView*>(FSorted)}) {
+    for (QAbstractItemView* list :
+         {static_cast<QAbstractItemView*>(FUnsorted), static_cast<QAbstractItemView*>(FSorted)}) {
         list->setAcceptDrops(true);
         list->viewport()->setAcceptDrops(true);
         list->viewport()->installEventFilter(this);
@@ -116,8 +116,8 @@ void TVdOrderPanel::CreateButtons()
     // Both captions are measured so the button does not change width when it flips.
     const int directionWidth =
         std::max(fontMetrics().horizontalAdvance(VdResource::ZToAButton()) + 12, 30);
-    FDirection = MakePushButton(VdResource::AToZButton(), directionWidth,
-                                VdResource::DirectionHint());
+    FDirection =
+        MakePushButton(VdResource::AToZButton(), directionWidth, VdResource::DirectionHint());
     FUp = MakePushButton(VdResource::UpButton(), 35, VdResource::MoveUpHint());
     FDown = MakePushButton(VdResource::DownButton(), 35, VdResource::MoveDownHint());
     connect(FAdd, &QToolButton::clicked, this, [this] { HandleAddClick(); });

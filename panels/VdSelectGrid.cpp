@@ -121,16 +121,19 @@ void TVdSelectGrid::CheckField(const TVdFieldDef& field)
     QString source;
     if (field.Kind() == fkFunction && parser && parser->Aggregates().Contains(field.Name())) {
         SetCell(row, 1, ToQString(field.Name()));
-        // SUM(A * 2) shows A; COUNT(*) and SUM(1 + 2) name no column and show none.
+        // COUNT(*) and SUM(1 + 2) name no column and show none; the whole call is the hint.
         if (const TVdFunctionDef* column = FirstIdentifier(field))
             source = prefix + ToQString(column->Name());
     } else if (field.Kind() == fkIdentifier) {
         source = prefix + ToQString(field.Name());
     } else {
-        source = ToQString(static_cast<const TVdFunctionDef&>(field).GetScript());
+        // The expression without the output name, which column 0 shows.
+        source = ToQString(field.TVdFunctionDef::GetScript());
     }
     SetCell(row, 2, source);
     SetCell(row, 0, field.Alias().empty() ? source : ToQString(field.Alias()));
+    if (field.Kind() == fkFunction && source.isEmpty())
+        item(row, 2)->setToolTip(ToQString(field.TVdFunctionDef::GetScript()));
 }
 
 void TVdSelectGrid::UnCheckField(const TVdFieldDef& field)

@@ -118,9 +118,7 @@ private:
     void CreatePopupMenu();
     bool EditorKey(QWidget* editor, QKeyEvent* event);
     void ShowEditor(QWidget* editor, const QRect& cell, const QString& text);
-    void CloseCombo();
-    void CloseTextEditor();
-    void AppendBlankRowAfterEdit();
+    void AppendBlankRowAfterEdit(int row, int column);
     void RaiseSelectEvent(const TVdSelectEvent& event, int row) const;
     // The row and column a drop at pos means: outside any cell is column 2 of the last row;
     // false for the header row.

@@ -130,10 +130,7 @@ void TVdSelectGrid::StartRowDrag()
     drag->exec(Qt::MoveAction);
 }
 
-void TVdSelectGrid::dragEnterEvent(QDragEnterEvent* event)
-{
-    dragMoveEvent(event);
-}
+void TVdSelectGrid::dragEnterEvent(QDragEnterEvent* event) { dragMoveEvent(event); }
 
 void TVdSelectGrid::dragMoveEvent(QDragMoveEvent* event)
 {

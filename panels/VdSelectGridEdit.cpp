@@ -95,41 +95,32 @@ void TVdSelectGrid::HandleSetCellText(QWidget* editor)
 {
     if (!editor || editor != ActiveEditor())
         return;
-    if (editor == FComboEditor)
-        CloseCombo();
-    else
-        CloseTextEditor();
-    AppendBlankRowAfterEdit();
+    const int row = FEditRow;
+    const int column = FEditColumn;
+    // Closed before hiding: the focus leaving the hidden editor must not close it again.
     FEditRow = FEditColumn = -1;
+    editor->hide();
+    if (editor == FComboEditor) {
+        RaiseSelectEvent(OnUnselectField, row);
+        SetCell(row, column, FComboEditor->currentText());
+        RaiseSelectEvent(OnSelectField, row);
+    } else {
+        QString text = FTextEditor->text();
+        if (OnChangeAlias)
+            OnChangeAlias(CellText(row, 2), CellText(row, 0), text);
+        SetCell(row, 0, text);
+    }
+    AppendBlankRowAfterEdit(row, column);
     setFocus(Qt::OtherFocusReason);
 }
 
-void TVdSelectGrid::CloseCombo()
+void TVdSelectGrid::AppendBlankRowAfterEdit(int row, int column)
 {
-    FComboEditor->hide();
-    const int row = FEditRow;
-    RaiseSelectEvent(OnUnselectField, row);
-    SetCell(row, FEditColumn, FComboEditor->currentText());
-    RaiseSelectEvent(OnSelectField, row);
-}
-
-void TVdSelectGrid::CloseTextEditor()
-{
-    FTextEditor->hide();
-    QString text = FTextEditor->text();
-    if (OnChangeAlias)
-        OnChangeAlias(CellText(FEditRow, 2), CellText(FEditRow, 0), text);
-    SetCell(FEditRow, 0, text);
-}
-
-void TVdSelectGrid::AppendBlankRowAfterEdit()
-{
-    if (FEditColumn != 2 || FEditRow != LastRow() || CellText(FEditRow, 2).isEmpty())
+    if (column != 2 || row != LastRow() || CellText(row, 2).isEmpty())
         return;
-    const int row = rowCount();
-    insertRow(row);
-    for (int column = 0; column < 3; ++column)
-        SetCell(row, column, QString());
+    insertRow(rowCount());
+    for (int c = 0; c < 3; ++c)
+        SetCell(LastRow(), c, QString());
 }
 
 void TVdSelectGrid::CancelEdit()
@@ -206,8 +197,8 @@ void TVdSelectGrid::keyPressEvent(QKeyEvent* event)
 
 void TVdSelectGrid::AskAndDeleteCurrentRow()
 {
-    if (VdAskYesNo(this, VdResource::ConfirmationCaption(), VdResource::DeleteCurrentRowQuestion()) ==
-        QMessageBox::No)
+    if (VdAskYesNo(this, VdResource::ConfirmationCaption(),
+                   VdResource::DeleteCurrentRowQuestion()) == QMessageBox::No)
         return;
     VdRunGuarded(this, [this] { HandleDeleteCurrentRow(); });
 }

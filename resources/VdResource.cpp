@@ -108,8 +108,7 @@ QString VdResource::RemoveKeptGroupingButton()
 
 QString VdResource::RemoveKeptGroupingHint()
 {
-    return QCoreApplication::translate("VdResource",
-                                       "Stop grouping by the selected item (Delete)");
+    return QCoreApplication::translate("VdResource", "Stop grouping by the selected item (Delete)");
 }
 
 QString VdResource::KeptGroupingPositionHint()
