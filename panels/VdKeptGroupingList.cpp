@@ -2,7 +2,6 @@
 
 #include "builder/VdQtText.h"
 #include "core/VdSelectParser.h"
-#include "resources/VdImages.h"
 #include "resources/VdResource.h"
 
 #include <QHBoxLayout>
@@ -33,8 +32,6 @@ TVdKeptGroupingList::TVdKeptGroupingList(QWidget* parent) : QWidget(parent)
     FList->installEventFilter(this);
     FRemove = new QToolButton(this);
     FRemove->setText(VdResource::RemoveKeptGroupingButton());
-    FRemove->setIcon(VdIcon("REMOVE"));
-    FRemove->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     FRemove->setToolTip(VdResource::RemoveKeptGroupingHint());
     FRemove->setAutoRaise(true);
     layout->addWidget(FLabel);

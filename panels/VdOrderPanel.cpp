@@ -144,8 +144,9 @@ void TVdOrderPanel::resizeEvent(QResizeEvent* event)
     QWidget::resizeEvent(event);
     const int w = (width() - FAdd->width()) / 2;
     FCaption->setGeometry(0, 0, w, LabelHeight);
+    // Down to the bottom edge like the sorted list, so its frame shows whole.
     FUnsorted->setGeometry(0, FUnsorted->y(), std::max(w - 2, 0),
-                           std::max(height() - LabelHeight, 0));
+                           std::max(height() - FUnsorted->y(), 0));
     const int sortedLeft = w + FAdd->width() + 2;
     FSorted->setGeometry(sortedLeft, FSorted->y(), std::max(w - 2, 0),
                          std::max(height() - FSorted->y(), 0));

@@ -112,7 +112,7 @@ TEST_F(VdOrderPanelTest, ResizePlacesListsAndButtons)
     EXPECT_EQ(panel.AddAllButton()->geometry().topLeft(), QPoint(w, 55));
     EXPECT_EQ(panel.RemoveButton()->geometry().topLeft(), QPoint(w, 80));
     EXPECT_EQ(panel.RemoveAllButton()->geometry().topLeft(), QPoint(w, 105));
-    EXPECT_EQ(panel.UnsortedList()->geometry(), QRect(0, 22, w - 2, panel.height() - 20));
+    EXPECT_EQ(panel.UnsortedList()->geometry(), QRect(0, 22, w - 2, panel.height() - 22));
     const int sortedLeft = w + 23 + 2;
     EXPECT_EQ(panel.SortedList()->geometry(), QRect(sortedLeft, 22, w - 2, panel.height() - 22));
     EXPECT_EQ(panel.UpButton()->x(), sortedLeft);
