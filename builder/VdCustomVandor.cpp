@@ -115,10 +115,11 @@ void TCustomVandor::CreateSheetViews()
     const auto place = [this](int index, QWidget* view) {
         FPageControl->widget(index)->layout()->addWidget(view);
     };
-    FWherePanel = new TVdWherePanel;
+    FWherePanel = new TVdWherePanel(FPageControl->widget(0));
     place(0, FWherePanel);
     FWherePanel->SetParser(FParser.get());
     FWherePanel->Activate();
+    connect(FWherePanel, &TVdCriterionPanel::criteriaChanged, this, &TCustomVandor::ChangeSQL);
 
     FSelectPanel = new TVdSelectPanel;
     place(1, FSelectPanel);
@@ -138,10 +139,11 @@ void TCustomVandor::CreateSheetViews()
     };
     connect(FSelectPanel, &TVdSelectPanel::distinctChanged, this, &TCustomVandor::ChangeSQL);
 
-    FHavingPanel = new TVdHavingPanel;
+    FHavingPanel = new TVdHavingPanel(FPageControl->widget(2));
     place(2, FHavingPanel);
     FHavingPanel->SetParser(FParser.get());
     FHavingPanel->Activate();
+    connect(FHavingPanel, &TVdCriterionPanel::criteriaChanged, this, &TCustomVandor::ChangeSQL);
 
     FOrderPanel = new TVdOrderPanel;
     place(3, FOrderPanel);
