@@ -122,7 +122,7 @@ TVdCriterionPanel::TVdCriterionPanel(QWidget* parent) : QAbstractScrollArea(pare
     connect(FEditor, &TMemoEx::insertFieldRequested, this,
             [this] { Guarded([this] { InsertField(); }); });
     connect(FEditor, &TMemoEx::focusLeft, this, [this] {
-        if (!FFieldList->isVisible())
+        if (!!FFieldList->isHidden())
             Guarded([this] { SetFieldText(); });
     });
     FFieldList = new TTreeViewEx(viewport());

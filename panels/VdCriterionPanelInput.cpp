@@ -296,7 +296,7 @@ void TVdCriterionPanel::CancelEdit()
 {
     // The commit handler sees no element while the editor hides.
     FEditElement = nullptr;
-    if (FEditor && FEditor->isVisible()) {
+    if (FEditor && !FEditor->isHidden()) {
         FEditor->hide();
         if (FEditor->hasFocus() || !hasFocus())
             setFocus(Qt::OtherFocusReason);
@@ -340,7 +340,7 @@ void TVdCriterionPanel::WriteArgument(TVdCriterionRow* row, int index, const QSt
 
 void TVdCriterionPanel::InsertField()
 {
-    if (!FEditor->isVisible())
+    if (!!FEditor->isHidden())
         return;
     const QRect memo = FEditor->geometry();
     int y = memo.bottom() + 1;
@@ -367,13 +367,13 @@ void TVdCriterionPanel::SetFieldFromList()
 void TVdCriterionPanel::HideFieldList()
 {
     FFieldList->hide();
-    if (FEditor->isVisible())
+    if (!FEditor->isHidden())
         FEditor->setFocus(Qt::OtherFocusReason);
 }
 
 void TVdCriterionPanel::HideFieldList(QObject*, bool& allow)
 {
-    if (!FFieldList->isVisible())
+    if (!!FFieldList->isHidden())
         return;
     HideFieldList();
     allow = false;
@@ -466,7 +466,7 @@ void TVdCriterionPanel::mousePressEvent(QMouseEvent* event)
 {
     FFieldList->hide();
     setFocus(Qt::MouseFocusReason);
-    if (FEditor->isVisible())
+    if (!FEditor->isHidden())
         Guarded([this] { SetFieldText(); });
     if (event->button() != Qt::LeftButton)
         return;
