@@ -170,7 +170,10 @@ void TVdCriterionPanel::DrawButton(TVdCriterionRow* row, int top, QPainter& dc,
     HorizontalLine(dc, mid1, mid2, y1 + d - 1);
     dc.setFont(ItemFont());
     dc.setPen(ColorToQColor(palette.ConditionItemText()));
+    // The root's number is a blank: an underlined blank would read as "_".
     const QString number = element->Text();
+    if (number.trimmed().isEmpty())
+        return;
     const int width = TextWidth(number, true);
     dc.drawText(QPoint(left + (element->Width - width) / 2, Baseline(top)), number);
 }
