@@ -115,10 +115,11 @@ void TCustomVandor::CreateSheetViews()
     const auto place = [this](int index, QWidget* view) {
         FPageControl->widget(index)->layout()->addWidget(view);
     };
-    FWherePanel = new TVdWherePanel;
+    FWherePanel = new TVdWherePanel(FPageControl->widget(0));
     place(0, FWherePanel);
     FWherePanel->SetParser(FParser.get());
     FWherePanel->Activate();
+    connect(FWherePanel, &TVdCriterionPanel::criteriaChanged, this, &TCustomVandor::ChangeSQL);
 
     FSelectPanel = new TVdSelectPanel(FPageControl->widget(1));
     place(1, FSelectPanel);
@@ -141,10 +142,11 @@ void TCustomVandor::CreateSheetViews()
     // What is grouped by beyond the output fields follows every edit of them.
     connect(this, &TCustomVandor::sqlChanged, FSelectPanel, &TVdSelectPanel::RefreshKeptGrouping);
 
-    FHavingPanel = new TVdHavingPanel;
+    FHavingPanel = new TVdHavingPanel(FPageControl->widget(2));
     place(2, FHavingPanel);
     FHavingPanel->SetParser(FParser.get());
     FHavingPanel->Activate();
+    connect(FHavingPanel, &TVdCriterionPanel::criteriaChanged, this, &TCustomVandor::ChangeSQL);
 
     FOrderPanel = new TVdOrderPanel(FPageControl->widget(3));
     place(3, FOrderPanel);

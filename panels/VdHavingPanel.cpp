@@ -11,7 +11,10 @@ TVdHavingPanel::TVdHavingPanel(QWidget* parent) : TVdCriterionPanel(parent)
 
 void TVdHavingPanel::RefreshRows()
 {
-    ShowCriterions(Parser() ? &Parser()->HavingItems() : nullptr);
+    if (Parser())
+        FillRows(Parser()->HavingItems());
+    else
+        Clear();
 }
 
 } // namespace vd

@@ -10,7 +10,7 @@ class TVdHavingPanel : public TVdCriterionPanel
     Q_OBJECT
 
 public:
-    explicit TVdHavingPanel(QWidget* parent = nullptr);
+    explicit TVdHavingPanel(QWidget* parent);
     void RefreshRows() override;
 };
 

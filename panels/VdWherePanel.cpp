@@ -9,6 +9,12 @@ TVdWherePanel::TVdWherePanel(QWidget* parent) : TVdCriterionPanel(parent)
     SetUsesAggregates(false);
 }
 
-void TVdWherePanel::RefreshRows() { ShowCriterions(Parser() ? &Parser()->WhereItems() : nullptr); }
+void TVdWherePanel::RefreshRows()
+{
+    if (Parser())
+        FillRows(Parser()->WhereItems());
+    else
+        Clear();
+}
 
 } // namespace vd

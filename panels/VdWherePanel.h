@@ -10,7 +10,7 @@ class TVdWherePanel : public TVdCriterionPanel
     Q_OBJECT
 
 public:
-    explicit TVdWherePanel(QWidget* parent = nullptr);
+    explicit TVdWherePanel(QWidget* parent);
     void RefreshRows() override;
 };
 
