@@ -7,6 +7,7 @@
 #include "diagram/VdFloatPanel.h"
 #include "resources/VdResource.h"
 
+#include <QFontInfo>
 #include <QFontMetrics>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -163,9 +164,11 @@ TVdTable::TVdTable(TVdWorkArea* workArea, TDataSet* dataSet, const QString& tabl
 {
     if (!workArea)
         throw EVdError(ToStdString(VdResource::InvalidTableParent()));
-    const int fontHeight = std::abs(QFontMetrics(workArea->font()).height());
-    SetCaptionHeight(fontHeight + 4);
-    SetItemHeight(fontHeight);
+    // The font's height is its pixel size; a row is never lower than the font's line, so
+    // that large fonts are not clipped.
+    const int pixels = std::abs(QFontInfo(workArea->font()).pixelSize());
+    SetCaptionHeight(pixels + 4);
+    SetItemHeight(std::max(pixels, QFontMetrics(workArea->font()).height()));
     AssignItems(dataSet);
     UpdateHeight();
 }
@@ -226,10 +229,14 @@ TVdListItem* TVdTable::FindItem(const QString& name) const
 
 void TVdTable::SetFieldState(int state)
 {
-    FFieldState = std::clamp(state, 0, 2);
+    // Each tick recomputes the state on the way; the target is fixed before the first.
+    const int target = std::clamp(state, 0, 2);
+    const bool tick = target == 2;
+    FFieldState = target;
     for (const auto& item : FItems)
-        if (item->ParamType() == ptOutput && item->Checked() != (FFieldState == 2))
-            item->SetCheck(FFieldState == 2);
+        if (item->ParamType() == ptOutput && item->Checked() != tick)
+            item->SetCheck(tick);
+    FFieldState = target;
     Changed();
 }
 
@@ -511,7 +518,7 @@ TTableHitTest TVdTable::HitTest(const QPoint& windowPoint) const
 
 bool TVdTable::ScrollBarShown() const
 {
-    return FWorkArea->RowScrollTable() == this && FWorkArea->RowScrollBar()->isVisible();
+    return FWorkArea->RowScrollTable() == this && !FWorkArea->RowScrollBar()->isHidden();
 }
 
 bool TVdTable::UpdateScrollBar()

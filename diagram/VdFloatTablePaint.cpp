@@ -9,8 +9,6 @@
 #include "resources/VdImages.h"
 
 #include <QPainter>
-#include <QStyle>
-#include <QStyleOptionFocusRect>
 
 #include <algorithm>
 
@@ -234,11 +232,13 @@ void TVdTable::DrawItem(QPainter& painter, const TVdListItem* item, const QRect&
         caption += QStringLiteral(" (") + item->GetDataName() + QLatin1Char(')');
     painter.drawText(textRect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, caption);
     if (state.Contains(isFocused) && state.Contains(isSelected)) {
-        QStyleOptionFocusRect option;
-        option.rect = textRect;
-        option.palette = FWorkArea->palette();
-        option.backgroundColor = fill;
-        FWorkArea->style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, FWorkArea);
+        // A dotted frame in the highlight colour: clear on the grey row, and it leaves the
+        // row's own colours alone (some styles tint the whole rectangle).
+        QPen dots(FWorkArea->palette().color(QPalette::Highlight), 1, Qt::DotLine);
+        dots.setCosmetic(true);
+        painter.setPen(dots);
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(QRectF(textRect).adjusted(0.5, 0.5, -0.5, -0.5));
     }
     painter.setPen(Qt::black);
 }
