@@ -230,6 +230,7 @@ void TVdTable::DrawItem(QPainter& painter, const TVdListItem* item, const QRect&
     QString caption = QLatin1Char(' ') + item->Name();
     if (FWorkArea->Vandor()->GetOptions().testFlag(vdoShowFieldTypes))
         caption += QStringLiteral(" (") + item->GetDataName() + QLatin1Char(')');
+    caption = QFontMetrics(font).elidedText(caption, Qt::ElideRight, textRect.width());
     painter.drawText(textRect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, caption);
     if (state.Contains(isFocused) && state.Contains(isSelected)) {
         // A dotted frame in the highlight colour: clear on the grey row, and it leaves the
