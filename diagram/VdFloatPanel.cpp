@@ -6,6 +6,7 @@
 #include "builder/VdQtText.h"
 #include "core/VdError.h"
 #include "diagram/VdFloatTable.h"
+#include "diagram/VdLinkProp.h"
 #include "diagram/VdLinks.h"
 #include "resources/VdResource.h"
 
@@ -435,6 +436,13 @@ void TVdWorkArea::mouseMoveEvent(QMouseEvent* event)
 void TVdWorkArea::mouseReleaseEvent(QMouseEvent*) { FMoving = false; }
 
 // ---- Facilities the table objects use ----
+
+TfmLinkProp* TVdWorkArea::LinkPropDialog()
+{
+    if (!FLinkPropDialog)
+        FLinkPropDialog = new TfmLinkProp(this);
+    return FLinkPropDialog;
+}
 
 QScrollBar* TVdWorkArea::RowScrollBar()
 {

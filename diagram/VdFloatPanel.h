@@ -26,6 +26,7 @@ class QScrollBar;
 namespace vd {
 
 class TCustomVandor;
+class TfmLinkProp;
 class TVdFloatObject;
 class TVdJoin;
 class TVdLink;
@@ -101,6 +102,8 @@ public:
     void InvalidateContent(const QRect& rect);
 
     // Facilities the table objects use
+    // The link properties dialog, made on first use.
+    TfmLinkProp* LinkPropDialog();
     // The one vertical scroll bar that the selected table shows its rows with; made on first
     // use, hidden until a table needs it.
     QScrollBar* RowScrollBar();
@@ -158,6 +161,7 @@ private:
     bool FMoving = false;
 
     // Facilities the table objects use
+    TfmLinkProp* FLinkPropDialog = nullptr;
     QScrollBar* FRowScrollBar = nullptr;
     TVdTable* FRowScrollTable = nullptr;
     QLineEdit* FFindEdit = nullptr;
