@@ -773,3 +773,56 @@ TEST_F(VdFloatTableTest, ShotOfTablesAtTheirStates)
     const QPixmap shot = vd::test::SaveShot(*Area, QStringLiteral("table_objects"));
     ASSERT_FALSE(shot.isNull());
 }
+
+TEST_F(VdFloatTableTest, ButtonsLookPressedNormalAndHotEachTheirOwnWay)
+{
+    TVdTable* t = Add("CUSTOMER");
+    const QRect area(0, 0, 40, t->CaptionHeight() - 2);
+    auto draw = [&](int state) {
+        QImage image(area.size(), QImage::Format_ARGB32);
+        image.fill(Qt::lightGray);
+        QPainter p(&image);
+        t->DrawButton(p, state, 1, area);
+        p.end();
+        return image;
+    };
+    const QImage pressed = draw(0), normal = draw(1), hot = draw(2);
+    EXPECT_NE(pressed, normal);
+    EXPECT_NE(hot, normal);
+    EXPECT_NE(pressed, hot);
+    // Button 1's square starts 13 pixels in; pressed, its top-left frame is black.
+    const int y = (area.height() - 12 - 2) / 2;
+    EXPECT_EQ(pressed.pixelColor(13, y + 5), QColor(Qt::black));
+    EXPECT_EQ(hot.pixelColor(13, y + 5), QColor(Qt::white));
+    // Other indexes draw nothing.
+    QImage untouched(area.size(), QImage::Format_ARGB32);
+    untouched.fill(Qt::lightGray);
+    const QImage before = untouched;
+    QPainter p(&untouched);
+    t->DrawButton(p, 1, 3, area);
+    p.end();
+    EXPECT_EQ(untouched, before);
+}
+
+TEST_F(VdFloatTableTest, TheRowScrollBarFollowsTheDiagramWhenItScrolls)
+{
+    TVdTable* t = Add("ORDERS");
+    t->MoveTable(300, 300);
+    Area->SetSelected(t);
+    QScrollBar* bar = Area->RowScrollBar();
+    const QPoint before = bar->pos();
+    Area->verticalScrollBar()->setValue(40);
+    Area->horizontalScrollBar()->setValue(25);
+    EXPECT_EQ(bar->pos(), before - QPoint(25, 40));
+}
+
+TEST_F(VdFloatTableTest, CollapsingTheSelectedTableHidesItsScrollBar)
+{
+    TVdTable* t = Add("ORDERS");
+    Area->SetSelected(t);
+    EXPECT_FALSE(Area->RowScrollBar()->isHidden());
+    t->SetExpand(false);
+    EXPECT_TRUE(Area->RowScrollBar()->isHidden());
+    t->SetExpand(true);
+    EXPECT_FALSE(Area->RowScrollBar()->isHidden());
+}
