@@ -3,6 +3,7 @@
 
 #include "VdFakeHost.h"
 #include "VdShot.h"
+#include "VdSqlLines.h"
 #include "tests/core/ModelCheck.h"
 
 #include "builder/VdQtText.h"
@@ -25,6 +26,7 @@
 #include <gtest/gtest.h>
 
 using namespace vd;
+using vd::test::Sql;
 using vd::test::TFakeHost;
 
 namespace {
@@ -106,15 +108,6 @@ protected:
     TSQLVandor Vandor;
     TVdWorkArea* Area = nullptr;
 };
-
-// The builder's print: one line per entry, each ended by CR LF.
-QString Sql(std::initializer_list<const char*> lines)
-{
-    QString text;
-    for (const char* line : lines)
-        text += QString::fromLatin1(line) + QStringLiteral("\r\n");
-    return text;
-}
 
 } // namespace
 
