@@ -16,6 +16,7 @@
 #include "diagram/VdLinks.h"
 
 #include <QAction>
+#include <QDir>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMouseEvent>
@@ -818,4 +819,49 @@ TEST_F(VdFloatTableTest, CollapsingTheSelectedTableHidesItsScrollBar)
     EXPECT_TRUE(Area->RowScrollBar()->isHidden());
     t->SetExpand(true);
     EXPECT_FALSE(Area->RowScrollBar()->isHidden());
+}
+
+TEST_F(VdFloatTableTest, ShotOfEdgeKindsAndButtonStates)
+{
+    TVdObjectStyle* style = Vandor.GetStyle()->ObjectStyle();
+    style->SetFlat(false);
+    style->SetFlatButtons(false);
+    QImage sheet(4 * 170, 2 * 130, QImage::Format_ARGB32);
+    sheet.fill(Area->palette().color(QPalette::Base));
+    TVdTable* t = Add("CUSTOMER");
+    t->SetWidth(150);
+    const TVdBorderKind kinds[] = {vdkRaised, vdkSunken, vdkEtched, vdkBump};
+    for (int i = 0; i < 4; ++i) {
+        style->SetBorderKind(kinds[i]);
+        const QImage before = Area->viewport()->grab().toImage();
+        Area->SetSelected(i % 2 ? t : nullptr);
+        QPainter p(&sheet);
+        p.drawImage(QPoint(170 * i, 0), Area->viewport()->grab().toImage(),
+                    t->GetBoundsRect().adjusted(-10, -10, 10, 10));
+        if (i > 0)
+            EXPECT_NE(before, Area->viewport()->grab().toImage()) << i;
+    }
+    // Hot over the unlink button, then pressed on close.
+    Area->SetSelected(t);
+    Move(t, ButtonCentre(t, 1));
+    {
+        QPainter p(&sheet);
+        p.drawImage(QPoint(0, 130), Area->viewport()->grab().toImage(),
+                    t->GetBoundsRect().adjusted(-10, -10, 10, 10));
+    }
+    Down(t, ButtonCentre(t, 2));
+    {
+        QPainter p(&sheet);
+        p.drawImage(QPoint(170, 130), Area->viewport()->grab().toImage(),
+                    t->GetBoundsRect().adjusted(-10, -10, 10, 10));
+    }
+    Up(t, ButtonCentre(t, 1));
+    t->SetExpand(false);
+    {
+        QPainter p(&sheet);
+        p.drawImage(QPoint(340, 130), Area->viewport()->grab().toImage(),
+                    t->GetBoundsRect().adjusted(-10, -10, 10, 10));
+    }
+    ASSERT_TRUE(QDir().mkpath(QStringLiteral(VD_SHOT_DIR)));
+    EXPECT_TRUE(sheet.save(QStringLiteral(VD_SHOT_DIR "/table_edges.png")));
 }
