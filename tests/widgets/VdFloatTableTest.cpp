@@ -23,12 +23,14 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QTest>
+#include <QTransform>
 
 #include <gtest/gtest.h>
 
 using namespace vd;
 using vd::test::Sql;
 using vd::test::TFakeHost;
+using vd::test::ViewportPixel;
 
 namespace {
 
@@ -720,12 +722,11 @@ TEST_F(VdFloatTableTest, HideSelectionHidesTheCurrentRowOfAnUnselectedTable)
     const QPoint probe = Window(
         QPoint(t->GetItemRect(t->Items(0)).right() - 3, t->GetItemRect(t->Items(0)).center().y()));
     const QColor grey(192, 192, 192);
-    EXPECT_EQ(Area->viewport()->grab().toImage().pixelColor(probe), grey)
-        << probe.x() << "," << probe.y();
+    EXPECT_EQ(ViewportPixel(*Area, probe), grey) << probe.x() << "," << probe.y();
     Vandor.SetOptions(Vandor.GetOptions() | vdoHideSelection);
-    EXPECT_NE(Area->viewport()->grab().toImage().pixelColor(probe), grey);
+    EXPECT_NE(ViewportPixel(*Area, probe), grey);
     Area->SetSelected(t);
-    EXPECT_EQ(Area->viewport()->grab().toImage().pixelColor(probe), grey);
+    EXPECT_EQ(ViewportPixel(*Area, probe), grey);
 }
 
 TEST_F(VdFloatTableTest, FieldTypesShowUnderTheOption)
@@ -737,7 +738,9 @@ TEST_F(VdFloatTableTest, FieldTypesShowUnderTheOption)
     const QImage with = Area->viewport()->grab().toImage();
     const QRect row = t->GetItemRect(t->Items(1)).translated(-Area->ScrollOffset());
     const QRect tail(row.left() + 110, row.top(), 100, row.height());
-    EXPECT_NE(without.copy(tail), with.copy(tail));
+    const qreal ratio = with.devicePixelRatio();
+    const QRect pixels = QTransform::fromScale(ratio, ratio).mapRect(tail);
+    EXPECT_NE(without.copy(pixels), with.copy(pixels));
 }
 
 TEST_F(VdFloatTableTest, CaptionColourTellsTheSelectedTable)
@@ -745,9 +748,9 @@ TEST_F(VdFloatTableTest, CaptionColourTellsTheSelectedTable)
     TVdTable* t = Add("CUSTOMER");
     const QPoint probe = Window(QPoint(t->GetCaptionRect().right() - 2, t->Top() + 3));
     Area->SetSelected(nullptr);
-    const QColor inactive = Area->viewport()->grab().toImage().pixelColor(probe);
+    const QColor inactive = ViewportPixel(*Area, probe);
     Area->SetSelected(t);
-    const QColor active = Area->viewport()->grab().toImage().pixelColor(probe);
+    const QColor active = ViewportPixel(*Area, probe);
     EXPECT_EQ(active, ColorToQColor(Vandor.GetPalette()->ActiveCaption()));
     EXPECT_EQ(inactive, ColorToQColor(Vandor.GetPalette()->InactiveCaption()));
 }
@@ -826,8 +829,17 @@ TEST_F(VdFloatTableTest, ShotOfEdgeKindsAndButtonStates)
     TVdObjectStyle* style = Vandor.GetStyle()->ObjectStyle();
     style->SetFlat(false);
     style->SetFlatButtons(false);
-    QImage sheet(4 * 170, 2 * 130, QImage::Format_ARGB32);
+    const qreal ratio = Area->viewport()->grab().devicePixelRatio();
+    QImage sheet(QSize(4 * 170, 2 * 130) * ratio, QImage::Format_ARGB32);
+    sheet.setDevicePixelRatio(ratio);
     sheet.fill(Area->palette().color(QPalette::Base));
+    // Copies the box with a margin from the viewport's picture to a logical place on the sheet.
+    auto place = [&](TVdTable* table, const QPoint& at) {
+        const QRect box = table->GetBoundsRect().adjusted(-10, -10, 10, 10);
+        QPainter p(&sheet);
+        p.drawImage(QRectF(at, box.size()), Area->viewport()->grab().toImage(),
+                    QTransform::fromScale(ratio, ratio).mapRect(QRectF(box)));
+    };
     TVdTable* t = Add("CUSTOMER");
     t->SetWidth(150);
     const TVdBorderKind kinds[] = {vdkRaised, vdkSunken, vdkEtched, vdkBump};
@@ -835,33 +847,21 @@ TEST_F(VdFloatTableTest, ShotOfEdgeKindsAndButtonStates)
         style->SetBorderKind(kinds[i]);
         const QImage before = Area->viewport()->grab().toImage();
         Area->SetSelected(i % 2 ? t : nullptr);
-        QPainter p(&sheet);
-        p.drawImage(QPoint(170 * i, 0), Area->viewport()->grab().toImage(),
-                    t->GetBoundsRect().adjusted(-10, -10, 10, 10));
+        place(t, QPoint(170 * i, 0));
         if (i > 0)
             EXPECT_NE(before, Area->viewport()->grab().toImage()) << i;
     }
     // Hot over the unlink button, then pressed on close.
     Area->SetSelected(t);
     Move(t, ButtonCentre(t, 1));
-    {
-        QPainter p(&sheet);
-        p.drawImage(QPoint(0, 130), Area->viewport()->grab().toImage(),
-                    t->GetBoundsRect().adjusted(-10, -10, 10, 10));
-    }
+    place(t, QPoint(0, 130));
     Down(t, ButtonCentre(t, 2));
-    {
-        QPainter p(&sheet);
-        p.drawImage(QPoint(170, 130), Area->viewport()->grab().toImage(),
-                    t->GetBoundsRect().adjusted(-10, -10, 10, 10));
-    }
+    place(t, QPoint(170, 130));
     Up(t, ButtonCentre(t, 1));
     t->SetExpand(false);
-    {
-        QPainter p(&sheet);
-        p.drawImage(QPoint(340, 130), Area->viewport()->grab().toImage(),
-                    t->GetBoundsRect().adjusted(-10, -10, 10, 10));
-    }
+    place(t, QPoint(340, 130));
     ASSERT_TRUE(QDir().mkpath(QStringLiteral(VD_SHOT_DIR)));
-    EXPECT_TRUE(sheet.save(QStringLiteral(VD_SHOT_DIR "/table_edges.png")));
+    const QString suffix = ratio > 1 ? QStringLiteral("@2x") : QString();
+    EXPECT_TRUE(
+        sheet.save(QStringLiteral(VD_SHOT_DIR "/table_edges") + suffix + QStringLiteral(".png")));
 }
