@@ -6,9 +6,11 @@
 #include "builder/VdQtText.h"
 #include "core/VdError.h"
 #include "diagram/VdFloatTable.h"
+#include "diagram/VdLinkProp.h"
 #include "diagram/VdLinks.h"
 #include "resources/VdResource.h"
 
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -432,5 +434,77 @@ void TVdWorkArea::mouseMoveEvent(QMouseEvent* event)
 }
 
 void TVdWorkArea::mouseReleaseEvent(QMouseEvent*) { FMoving = false; }
+
+// ---- Facilities the table objects use ----
+
+TfmLinkProp* TVdWorkArea::LinkPropDialog()
+{
+    if (!FLinkPropDialog)
+        FLinkPropDialog = new TfmLinkProp(this);
+    return FLinkPropDialog;
+}
+
+QScrollBar* TVdWorkArea::RowScrollBar()
+{
+    if (!FRowScrollBar) {
+        FRowScrollBar = new QScrollBar(Qt::Vertical, viewport());
+        FRowScrollBar->hide();
+        connect(FRowScrollBar, &QScrollBar::valueChanged, this, [this](int value) {
+            VdRunGuarded(this, [&] {
+                if (HasTable(FRowScrollTable))
+                    FRowScrollTable->SetFirstVisibleItem(value);
+            });
+        });
+        // The bar sits in window coordinates: it follows the diagram when that scrolls.
+        const auto follow = [this] {
+            if (HasTable(FRowScrollTable))
+                FRowScrollTable->UpdateScrollBar();
+        };
+        connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, follow);
+        connect(verticalScrollBar(), &QScrollBar::valueChanged, this, follow);
+    }
+    return FRowScrollBar;
+}
+
+QLineEdit* TVdWorkArea::FindEdit()
+{
+    if (!FFindEdit) {
+        FFindEdit = new QLineEdit(viewport());
+        FFindEdit->setFrame(false);
+        FFindEdit->setFixedHeight(15);
+        FFindEdit->hide();
+        connect(FFindEdit, &QLineEdit::textEdited, this, [this] {
+            VdRunGuarded(this, [this] {
+                if (HasTable(FFindTable))
+                    FFindTable->HandleFindField(FFindEdit, 0, {});
+            });
+        });
+        InstallFindEditKeys(FFindEdit, this);
+    }
+    return FFindEdit;
+}
+
+QLineEdit* TVdWorkArea::AliasEdit()
+{
+    if (!FAliasEdit) {
+        FAliasEdit = new QLineEdit(viewport());
+        FAliasEdit->setFrame(false);
+        QPalette colours = FAliasEdit->palette();
+        colours.setColor(QPalette::Base, ColorToQColor(FVandor->GetPalette()->ActiveCaption()));
+        FAliasEdit->setPalette(colours);
+        FAliasEdit->hide();
+    }
+    return FAliasEdit;
+}
+
+void TVdWorkArea::StartFieldDrag(TVdTable* table) { FFieldDragTable = table; }
+
+void TVdWorkArea::CMMoveControl(TVdTable* table) { CMResizeControl(table); }
+
+bool TVdWorkArea::HasTable(const TVdTable* table) const
+{
+    return table && std::any_of(FTables.begin(), FTables.end(),
+                                [table](const auto& t) { return t.get() == table; });
+}
 
 } // namespace vd

@@ -20,9 +20,13 @@
 #include <memory>
 #include <vector>
 
+class QLineEdit;
+class QScrollBar;
+
 namespace vd {
 
 class TCustomVandor;
+class TfmLinkProp;
 class TVdFloatObject;
 class TVdJoin;
 class TVdLink;
@@ -97,6 +101,30 @@ public:
     // Repaints a content rectangle.
     void InvalidateContent(const QRect& rect);
 
+    // Facilities the table objects use
+    // The link properties dialog, made on first use.
+    TfmLinkProp* LinkPropDialog();
+    // The one vertical scroll bar that the selected table shows its rows with; made on first
+    // use, hidden until a table needs it.
+    QScrollBar* RowScrollBar();
+    TVdTable* RowScrollTable() const { return FRowScrollTable; }
+    void SetRowScrollTable(TVdTable* table) { FRowScrollTable = table; }
+    // The find-as-you-type edit and the table it searches.
+    QLineEdit* FindEdit();
+    TVdTable* FindTable() const { return FFindTable; }
+    void SetFindTable(TVdTable* table) { FFindTable = table; }
+    // The edit that renames a table over its caption.
+    QLineEdit* AliasEdit();
+    // A field row of table is being dragged out: the drag that draws a link begins.
+    void StartFieldDrag(TVdTable* table);
+    TVdTable* FieldDragTable() const { return FFieldDragTable; }
+    // A table moved: its links are routed again.
+    void CMMoveControl(TVdTable* table);
+    // The row drawn as the target of a field drop.
+    TVdListItem* DropHighlightRow() const { return FDropHighlightRow; }
+    void SetDropHighlightRow(TVdListItem* row) { FDropHighlightRow = row; }
+    bool HasTable(const TVdTable* table) const;
+
     TVdAddEvent OnAddLink;
     TVdRemoveEvent OnRemoveLink;
     TVdSelectionLinkEvent OnSelectionLink;
@@ -131,6 +159,16 @@ private:
     TVdFloatObject* FSelected = nullptr;
     QPoint FGrabPoint;
     bool FMoving = false;
+
+    // Facilities the table objects use
+    TfmLinkProp* FLinkPropDialog = nullptr;
+    QScrollBar* FRowScrollBar = nullptr;
+    TVdTable* FRowScrollTable = nullptr;
+    QLineEdit* FFindEdit = nullptr;
+    TVdTable* FFindTable = nullptr;
+    QLineEdit* FAliasEdit = nullptr;
+    TVdTable* FFieldDragTable = nullptr;
+    TVdListItem* FDropHighlightRow = nullptr;
 };
 
 } // namespace vd
