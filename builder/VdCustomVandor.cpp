@@ -137,6 +137,7 @@ void TCustomVandor::CreateSheetViews()
     grid->OnChangeAlias = [this](const QString& f, const QString& a, QString& n) {
         HandleChangeFieldAlias(f, a, n);
     };
+    grid->OnMoveField = [this](int from, int to) { HandleMoveField(from, to); };
     connect(FSelectPanel, &TVdSelectPanel::distinctChanged, this, &TCustomVandor::ChangeSQL);
     connect(FSelectPanel, &TVdSelectPanel::groupingChanged, this, &TCustomVandor::ChangeSQL);
     // What is grouped by beyond the output fields follows every edit of them.

@@ -130,6 +130,8 @@ public:
     void HandleChangeFieldAlias(const QString& fieldValue, const QString& aliasValue,
                                 QString& newAlias);
     void HandleGetOrderFields(QObject* sender, QStringList& list);
+    // A grid row moved: the output column moves with it.
+    void HandleMoveField(int from, int to);
     void HandleCheckField(TVdTable* table, TVdListItem* item);
     void HandleAddTable(QObject* sender, TVdFloatObject* table);
     void HandleRemoveTable(QObject* sender, TVdFloatObject* table);
@@ -238,6 +240,8 @@ private:
     // A grid row's field ("T.A") loses its tick in the diagram; its definition by the row's
     // alias, if any.
     TVdFieldDef* UntickGridField(const QString& fieldValue, const QString& aliasValue);
+    // The field a grid row stopped selecting; the select event that follows may replace it.
+    TVdFieldDef* TakeUnselectedField();
     void ChangeSQL();
 
     TVdWorkArea* FWorkArea = nullptr;
@@ -250,6 +254,10 @@ private:
     TVdOrderPanel* FOrderPanel = nullptr;
     QList<QIcon> FImages;
     std::unique_ptr<TVdSelectParser> FParser;
+    // Table alias and field alias of the last unselected grid row (kept as names: the model
+    // may change between the two events).
+    QString FUnselectedTable;
+    QString FUnselectedAlias;
     std::unique_ptr<TVdPalette> FPalette;
     TVdOptions FOptions = DefOptions;
     std::unique_ptr<TVdStyle> FStyle;

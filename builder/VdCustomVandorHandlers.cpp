@@ -2,6 +2,7 @@
 // of the active sheet where that is the rule.
 
 #include "builder/VdCustomVandor.h"
+#include "builder/VdOutputOrder.h"
 
 #include "builder/VdPageControl.h"
 #include "builder/VdProc.h"
@@ -201,8 +202,27 @@ void TCustomVandor::HandleSelectField(const QString& fieldValue, const QString& 
         field->SetKind(fkIdentifier);
         field->Arguments().Clear();
     }
+    // A row that showed another field now shows this one: that field leaves the select list
+    // and this one takes its place, as the grid shows it.
+    ReplaceOutputField(FParser->TableDefs(), field, TakeUnselectedField());
     if (FSelectPanel)
         FSelectPanel->Grid()->SetCurrentAliasCell(ToQString(field->Alias()));
+    emit sqlChanged();
+}
+
+TVdFieldDef* TCustomVandor::TakeUnselectedField()
+{
+    TVdTableDef* def = FUnselectedAlias.isEmpty() ? nullptr : FindDef(FUnselectedTable);
+    TVdFieldDef* field =
+        def ? def->FieldDefs().FindByAlias(ToStdString(FUnselectedAlias)) : nullptr;
+    FUnselectedTable.clear();
+    FUnselectedAlias.clear();
+    return field;
+}
+
+void TCustomVandor::HandleMoveField(int from, int to)
+{
+    MoveOutputField(FParser->TableDefs(), from, to);
     emit sqlChanged();
 }
 
@@ -222,6 +242,8 @@ void TCustomVandor::HandleUnselectField(const QString& fieldValue, const QString
                                         const QString& aliasValue)
 {
     TVdFieldDef* field = UntickGridField(fieldValue, aliasValue);
+    FUnselectedTable = field ? ToQString(field->Table()->Alias()) : QString();
+    FUnselectedAlias = field ? aliasValue : QString();
     if (!field)
         return;
     const std::string aggregate = ToStdString(aggregateValue);

@@ -98,6 +98,8 @@ public:
     TVdSelectEvent OnUnselectField;
     TVdSelectEvent OnDeleteField;
     TVdChangeFieldAliasEvent OnChangeAlias;
+    // A row was dragged from one place to another (data rows, counted from 0).
+    std::function<void(int from, int to)> OnMoveField;
 
     static constexpr const char* RowMimeType = "application/x-vandor-select-row";
 

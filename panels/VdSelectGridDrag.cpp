@@ -98,6 +98,9 @@ void TVdSelectGrid::MoveRow(int from, int to)
     for (int c = 0; c < 3; ++c)
         SetCell(to, c, cells[c]);
     setCurrentCell(to, column);
+    // The select list follows the grid's order.
+    if (OnMoveField)
+        OnMoveField(from, to);
 }
 
 void TVdSelectGrid::mousePressEvent(QMouseEvent* event)

@@ -848,8 +848,9 @@ TEST_F(VdFloatTableTest, ShotOfEdgeKindsAndButtonStates)
         const QImage before = Area->viewport()->grab().toImage();
         Area->SetSelected(i % 2 ? t : nullptr);
         place(t, QPoint(170 * i, 0));
-        if (i > 0)
+        if (i > 0) {
             EXPECT_NE(before, Area->viewport()->grab().toImage()) << i;
+        }
     }
     // Hot over the unlink button, then pressed on close.
     Area->SetSelected(t);

@@ -449,6 +449,9 @@ TEST_F(VdSelectGridTest, DroppingAFieldOnADataRowReplacesIt)
     EXPECT_EQ(Grid().rowCount(), 3);
     EXPECT_TRUE(vdcheck::CheckModel(Parser()));
     EXPECT_FALSE(table->FindItem(QStringLiteral("NAME"))->Checked());
+    // The select list shows what the grid shows: the replaced field is gone, the new one
+    // stands in its place.
+    EXPECT_EQ(Sql(), "SELECT \r\n  C.CUSTNO,\r\n  C.CITY\r\nFROM\r\n  CUSTOMER C\r\n");
 }
 
 TEST_F(VdSelectGridTest, ADragFromAnythingButTheDiagramOrTheGridIsRefused)
@@ -460,24 +463,40 @@ TEST_F(VdSelectGridTest, ADragFromAnythingButTheDiagramOrTheGridIsRefused)
     EXPECT_FALSE(Grid().HandleDragOver(Vandor->WorkArea(), CellCentre(0, 0)));
 }
 
-TEST_F(VdSelectGridTest, DraggingARowInsideTheGridMovesItWithoutEvents)
+TEST_F(VdSelectGridTest, DraggingARowInsideTheGridMovesItAndItsOutputColumn)
 {
     Load("SELECT C.NAME, C.CITY, C.CUSTNO FROM CUSTOMER C", 1);
     RecordGridEvents(Grid(), Events);
-    const std::string before = Sql();
     EXPECT_FALSE(Grid().CanDragRow(3));
     Grid().setCurrentCell(2, 0);
     EXPECT_TRUE(Grid().HandleDragDrop(&Grid(), CellCentre(0, 1)));
     EXPECT_EQ(Row(0), QStringList({"CUSTNO", "", "C.CUSTNO"}));
     EXPECT_EQ(Row(1), QStringList({"NAME", "", "C.NAME"}));
     EXPECT_EQ(Row(2), QStringList({"CITY", "", "C.CITY"}));
+    EXPECT_TRUE(vdcheck::CheckModel(Parser()));
+    EXPECT_EQ(Sql(), "SELECT \r\n  C.CUSTNO,\r\n  C.NAME,\r\n  C.CITY\r\nFROM\r\n  CUSTOMER C\r\n");
     // Dropped below the rows it goes last, above the blank row.
     Grid().setCurrentCell(0, 0);
     EXPECT_TRUE(Grid().HandleDragDrop(&Grid(), QPoint(10, Grid().viewport()->height() - 2)));
     EXPECT_EQ(Row(2), QStringList({"CUSTNO", "", "C.CUSTNO"}));
     EXPECT_EQ(Row(3), QStringList({"", "", ""}));
+    // Moving is no select, unselect or delete.
     EXPECT_TRUE(Events.empty());
-    EXPECT_EQ(Sql(), before);
+    EXPECT_TRUE(vdcheck::CheckModel(Parser()));
+    EXPECT_EQ(Sql(), "SELECT \r\n  C.NAME,\r\n  C.CITY,\r\n  C.CUSTNO\r\nFROM\r\n  CUSTOMER C\r\n");
+}
+
+TEST_F(VdSelectGridTest, ChoosingAFieldOfAnotherTableReplacesTheRowsFieldInPlace)
+{
+    Load("SELECT C.NAME, C.CITY, O.ORDERNO FROM CUSTOMER C INNER JOIN ORDERS O ON (C.CUSTNO = "
+         "O.CUSTNO)",
+         1);
+    TypeInCell(0, 2, QStringLiteral("O.CUSTNO"));
+    EXPECT_TRUE(vdcheck::CheckModel(Parser()));
+    EXPECT_EQ(Row(0), QStringList({"NAME", "", "O.CUSTNO"}));
+    // C.NAME is no longer selected; the other table's field stands in its row's place.
+    EXPECT_EQ(Sql(), "SELECT \r\n  O.CUSTNO AS NAME,\r\n  C.CITY,\r\n  O.ORDERNO\r\nFROM\r\n  "
+                     "CUSTOMER C \r\n  INNER JOIN ORDERS O ON (C.CUSTNO = O.CUSTNO)\r\n");
 }
 
 TEST_F(VdSelectGridTest, TheDistinctBoxSetsTheParserAndThePrint)
