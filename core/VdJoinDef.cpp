@@ -82,32 +82,73 @@ void AppendSide(std::string& out, const TVdSelectParser* parser, const TVdTableD
 
 } // namespace
 
-std::string TVdJoinDef::GetScript() const
+const TVdTableDef* TVdJoinDef::JoinedTable() const
 {
     const TVdTableDef* owner = GetTableDef();
     if (!owner || FieldName.empty() || !text::HasText(JoinField) || JoinTable.empty())
-        return std::string();
+        return nullptr;
     const TVdTableDefs* tables = owner->Collection() ? owner->Collection()->AsTableDefs() : nullptr;
-    const TVdTableDef* joined = tables ? tables->FindByAliasOrName(JoinTable) : nullptr;
+    return tables ? tables->FindByAliasOrName(JoinTable) : nullptr;
+}
+
+void TVdJoinDef::AppendKeyword(std::string& out, const char* keyword) const
+{
+    script::AppendKeyword(out, Parser(), keyword);
+}
+
+void TVdJoinDef::AppendHead(std::string& out, TVdJoinKind kind, const TVdTableDef& table) const
+{
+    AppendKeyword(out, JoinKindWords(kind));
+    out += ' ';
+    AppendKeyword(out, "JOIN");
+    out += ' ';
+    script::AppendSourceText(out, table);
+    out += ' ';
+    AppendKeyword(out, "ON");
+}
+
+void TVdJoinDef::AppendCondition(std::string& out, bool joinedFirst) const
+{
+    const TVdTableDef* owner = GetTableDef();
+    const TVdTableDef* joined = JoinedTable();
+    if (!owner || !joined)
+        return;
+    const TVdSelectParser* parser = Parser();
+    std::string operation = Operation;
+    if (joinedFirst && MirrorComparison(operation)) {
+        AppendSide(out, parser, *joined, JoinField);
+        out += ' ' + operation + ' ';
+        AppendSide(out, parser, *owner, FieldName);
+        return;
+    }
+    AppendSide(out, parser, *owner, FieldName);
+    out += ' ' + Operation + ' ';
+    AppendSide(out, parser, *joined, JoinField);
+}
+
+std::string TVdJoinDef::GetScript() const
+{
+    const TVdTableDef* joined = JoinedTable();
     if (!joined)
         return std::string();
-    const TVdSelectParser* parser = Parser();
     std::string out;
-    script::AppendKeyword(out, parser, JoinKindWords(JoinKind));
-    out += ' ';
-    script::AppendKeyword(out, parser, "JOIN");
-    out += ' ';
-    script::AppendSourceText(out, *joined);
-    out += ' ';
-    script::AppendKeyword(out, parser, "ON");
+    AppendHead(out, JoinKind, *joined);
     out += " (";
-    AppendSide(out, parser, *owner, FieldName);
-    out += ' ';
-    out += Operation;
-    out += ' ';
-    AppendSide(out, parser, *joined, JoinField);
+    AppendCondition(out, false);
     out += ')';
     return out;
+}
+
+bool MirrorComparison(std::string& operation)
+{
+    static const std::pair<const char*, const char*> mirrors[] = {
+        {"=", "="}, {"<>", "<>"}, {"!=", "!="}, {"<", ">"}, {">", "<"}, {"<=", ">="}, {">=", "<="}};
+    for (const auto& [from, to] : mirrors)
+        if (operation == from) {
+            operation = to;
+            return true;
+        }
+    return false;
 }
 
 TVdJoinDefs::TVdJoinDefs(TVdTableDef* owner)

@@ -19,6 +19,15 @@ public:
     // "INNER JOIN T ON (A.X = T.Y)"; empty while the join is incomplete or its table is missing.
     virtual std::string GetScript() const;
     TVdTableDef* GetTableDef() const;
+    // The table the join leads to; null while the join is incomplete or its table is missing
+    // (then it prints nothing).
+    const TVdTableDef* JoinedTable() const;
+    // "INNER JOIN T" of the given kind, table being the one the join brings in.
+    void AppendHead(std::string& out, TVdJoinKind kind, const TVdTableDef& table) const;
+    // "A.X = T.Y"; joinedFirst gives "T.Y = A.X" with the comparison mirrored (a comparison
+    // that has no mirror keeps the owning side first).
+    void AppendCondition(std::string& out, bool joinedFirst) const;
+    void AppendKeyword(std::string& out, const char* keyword) const;
 
     std::string Operation = "=";
     TVdJoinKind JoinKind = vdjInnerJoin;
@@ -54,6 +63,9 @@ protected:
 private:
     TVdTableDef* FOwner;
 };
+
+// The comparison with its sides exchanged (< for >); false for one that has none.
+bool MirrorComparison(std::string& operation);
 
 // The SQL words of a join kind: "INNER", "LEFT OUTER", "RIGHT OUTER", "FULL OUTER".
 const char* JoinKindWords(TVdJoinKind kind);

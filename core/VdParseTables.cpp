@@ -726,64 +726,87 @@ void TVdSelectParser::DoParseJoinDef()
         return Fail();
     Next();
     TVdTableDef* joined = TableDefs().FindByAlias(FLastTableAlias);
-    TVdTableDef* owner = nullptr;
-    std::string ownerField, joinedField, operation;
-    if (!ReadJoinCondition(owner, ownerField, joined, joinedField, operation))
+    std::vector<TJoinCondition> conditions;
+    if (!joined || !ReadJoinConditions(joined, conditions, 0))
         return Fail();
-    // A table that reaches the owner through its joins cannot be joined to it: FROM prints
-    // the tables no join reaches, and of a ring of joins none.
-    if (TableDefs().JoinsReach(*joined, *owner)) {
-        Scanner().RestoreState(atJoined);
-        return Fail();
+    for (const TJoinCondition& condition : conditions) {
+        // A table that reaches the owner through its joins cannot be joined to it: FROM
+        // prints the tables no join reaches, and of a ring of joins none.
+        if (TableDefs().JoinsReach(*joined, *condition.Owner)) {
+            Scanner().RestoreState(atJoined);
+            return Fail();
+        }
     }
-    // A table joined from two tables prints its own joins after each: the same join read
-    // again is that join, not one more (which would double at every round trip).
-    const TVdJoinDefs& joins = owner->JoinDefs();
+    for (const TJoinCondition& condition : conditions)
+        AddJoinCondition(condition, *joined, kind);
+}
+
+// A table joined from two tables prints its own joins after each: the same join read again is
+// that join, not one more (which would double at every round trip).
+void TVdSelectParser::AddJoinCondition(const TJoinCondition& condition, const TVdTableDef& joined,
+                                       TVdJoinKind kind)
+{
+    const TVdJoinDefs& joins = condition.Owner->JoinDefs();
     for (int i = 0; i < joins.Count(); ++i) {
         const TVdJoinDef* held = joins.Items(i);
-        if (held->FieldName == ownerField && held->JoinTable == joined->Alias() &&
-            held->JoinField == joinedField && held->Operation == operation &&
+        if (held->FieldName == condition.OwnerField && held->JoinTable == joined.Alias() &&
+            held->JoinField == condition.JoinedField && held->Operation == condition.Operation &&
             held->JoinKind == kind)
             return;
     }
-    TVdJoinDef* join = owner->JoinDefs().Add();
-    join->FieldName = ownerField;
-    join->JoinTable = joined->Alias();
-    join->JoinField = joinedField;
-    join->Operation = operation;
+    TVdJoinDef* join = condition.Owner->JoinDefs().Add();
+    join->FieldName = condition.OwnerField;
+    join->JoinTable = joined.Alias();
+    join->JoinField = condition.JoinedField;
+    join->Operation = condition.Operation;
     join->JoinKind = kind;
 }
 
-// ON (A.X = B.Y): the pair before the comparison is the joined side when it names the joined
+// ON c AND c ...: each c a comparison of a column of the joined table with a column of a
+// table before it, or such a list in parentheses. OR and NOT have no place in the model.
+bool TVdSelectParser::ReadJoinConditions(TVdTableDef* joined, std::vector<TJoinCondition>& out,
+                                         int depth)
+{
+    // Parentheses nest no deeper than a person writes them.
+    constexpr int MaxDepth = 32;
+    for (;;) {
+        if (IsDelimToken('(')) {
+            if (depth == MaxDepth)
+                return false;
+            Next();
+            if (!ReadJoinConditions(joined, out, depth + 1) || !IsDelimToken(')'))
+                return false;
+            Next();
+        } else {
+            TJoinCondition condition;
+            if (!ReadJoinCondition(condition.Owner, condition.OwnerField, joined,
+                                   condition.JoinedField, condition.Operation))
+                return false;
+            out.push_back(std::move(condition));
+        }
+        if (!IsKeywordToken("AND"))
+            return true;
+        Next();
+    }
+}
+
+// A.X = B.Y: the pair before the comparison is the joined side when it names the joined
 // table, the owning side otherwise; the pair after it fills the side still empty.
 bool TVdSelectParser::ReadJoinCondition(TVdTableDef*& owner, std::string& ownerField,
                                         TVdTableDef* joined, std::string& joinedField,
                                         std::string& operation)
 {
-    if (!joined)
-        return false;
-    const bool parenthesised = IsDelimToken('(');
-    if (parenthesised)
-        Next();
-    bool closed = !parenthesised;
     int sides = 0;
     bool joinedFirst = false;
-    for (;;) {
-        if (parenthesised && IsDelimToken(')')) {
-            Next();
-            closed = true;
-            break;
-        }
+    while (sides < 2) {
         if (Kind() == tkEnd || (Kind() == tkKeyword && !Scanner().TokenQuoted()))
-            break;
-        if (!parenthesised && sides == 2)
             break;
         if (Kind() == tkComparison) {
             operation += Token();
             Next();
             continue;
         }
-        if (!IsNameKind() || sides == 2 || !PeekIs("."))
+        if (!IsNameKind() || !PeekIs("."))
             return false;
         // alias.field, or S.T.field for a table with a dotted name. An error names the
         // qualifier, so the scanner goes back to it.
@@ -846,23 +869,10 @@ bool TVdSelectParser::ReadJoinCondition(TVdTableDef*& owner, std::string& ownerF
         }
         ++sides;
     }
-    if (!closed || sides != 2 || !owner || owner == joined || operation.empty())
+    if (sides != 2 || !owner || owner == joined || operation.empty())
         return false;
     // The join prints its owning side first: ON (U.K < T.ID) is ON (T.ID > U.K).
     return !joinedFirst || MirrorComparison(operation);
-}
-
-// The comparison with its sides exchanged (< for >); false for one that has none.
-bool TVdSelectParser::MirrorComparison(std::string& operation)
-{
-    static const std::pair<const char*, const char*> mirrors[] = {
-        {"=", "="}, {"<>", "<>"}, {"!=", "!="}, {"<", ">"}, {">", "<"}, {"<=", ">="}, {">=", "<="}};
-    for (const auto& [from, to] : mirrors)
-        if (operation == from) {
-            operation = to;
-            return true;
-        }
-    return false;
 }
 
 } // namespace vd

@@ -217,9 +217,17 @@ private:
     void Unlend(TVdTableDef& table, const std::string& name, const std::string& alias);
     int TakenTablePosition(int entryAt) const;
     std::string PeekAliasAfterParams();
-    static bool MirrorComparison(std::string& operation);
+    struct TJoinCondition {
+        TVdTableDef* Owner = nullptr;
+        std::string OwnerField;
+        std::string JoinedField;
+        std::string Operation;
+    };
+    bool ReadJoinConditions(TVdTableDef* joined, std::vector<TJoinCondition>& out, int depth);
     bool ReadJoinCondition(TVdTableDef*& owner, std::string& ownerField, TVdTableDef* joined,
                            std::string& joinedField, std::string& operation);
+    void AddJoinCondition(const TJoinCondition& condition, const TVdTableDef& joined,
+                          TVdJoinKind kind);
 
     mutable std::unique_ptr<TVdSQLScanner> FScanner;
     bool FIsValid = true;

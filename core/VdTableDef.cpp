@@ -1,5 +1,7 @@
 #include "core/VdTableDef.h"
 
+#include "core/VdJoinWalk.h"
+
 #include "core/VdFieldDef.h"
 #include "core/VdJoinDef.h"
 #include "core/VdScriptText.h"
@@ -392,38 +394,11 @@ bool TVdTableDefs::JoinsReach(const TVdTableDef& from, const TVdTableDef& to) co
     return false;
 }
 
-// The joins a FROM entry reaches, in the order they were made: a chain of joins means what
-// its order says (T JOIN U ... RIGHT JOIN W is not T RIGHT JOIN W ... JOIN U). A join waits
-// until its own table has been joined in this entry, so every condition names tables
-// already there. Each run of joins of one table follows a blank.
 void TVdTableDefs::AppendJoins(const TVdTableDef& root, std::string& out) const
 {
     if (root.JoinDefs().Count() == 0)
         return;
-    auto later = [](const TVdJoinDef* a, const TVdJoinDef* b) { return a->Sequence > b->Sequence; };
-    std::priority_queue<const TVdJoinDef*, std::vector<const TVdJoinDef*>, decltype(later)> ready(
-        later);
-    auto offer = [&ready](const TVdTableDef& table) {
-        for (int j = 0; j < table.JoinDefs().Count(); ++j)
-            ready.push(table.JoinDefs().Items(j));
-    };
-    // A table is entered once, so a cycle of joins cannot loop.
-    TSmallSet<const TVdTableDef*> entered;
-    entered.Insert(&root);
-    offer(root);
-    const TVdTableDef* owner = nullptr;
-    while (!ready.empty()) {
-        const TVdJoinDef* join = ready.top();
-        ready.pop();
-        if (join->GetTableDef() != owner)
-            out += ' ';
-        owner = join->GetTableDef();
-        out += "\r\n  ";
-        out += join->GetScript();
-        const TVdTableDef* joined = FindByAlias(join->JoinTable);
-        if (joined && entered.Insert(joined))
-            offer(*joined);
-    }
+    TVdJoinWalk(*this, false).Append(root, out);
 }
 
 std::string TVdTableDefs::GetTableScript(const TVdTableDef& table) const
@@ -450,28 +425,35 @@ std::string TVdTableDefs::GetScript(std::string& selectList) const
     }
     if (selectList.empty() && Count() > 0)
         selectList = "*";
-    // A table that a join leads to prints after that join, not on a FROM line of its own.
-    TSmallSet<std::string_view> joined;
-    for (int t = 0; t < Count(); ++t) {
-        const TVdJoinDefs& joins = Items(t)->JoinDefs();
-        for (int j = 0; j < joins.Count(); ++j)
-            joined.Insert(joins.Items(j)->JoinTable);
-    }
     std::string out = selectList;
     out += "\r\n";
     script::AppendKeyword(out, Parser(), "FROM");
     out += "\r\n";
     const size_t head = out.size();
-    for (int t = 0; t < Count(); ++t) {
-        const TVdTableDef* table = Items(t);
-        // A table that no text has named yet (SELECT A without FROM) has no FROM line.
-        if (table->Name().empty() || joined.Contains(table->Alias()))
-            continue;
+    auto appendEntry = [&](const TVdTableDef& table, TVdJoinWalk* walk) {
         if (out.size() > head)
             out += ",\r\n";
         out += "  ";
-        script::AppendSourceText(out, *table);
-        AppendJoins(*table, out);
+        script::AppendSourceText(out, table);
+        if (walk)
+            walk->Append(table, out);
+    };
+    if (FJoinCount == 0) {
+        for (int t = 0; t < Count(); ++t)
+            // A table that no text has named yet (SELECT A without FROM) has no FROM line.
+            if (!Items(t)->Name().empty())
+                appendEntry(*Items(t), nullptr);
+    } else {
+        // A table that a join leads to prints after that join, not on a FROM line of its own;
+        // tables that only a ring of joins reaches start an entry of their own at the end.
+        TVdJoinWalk walk(*this, true);
+        for (const bool rings : {false, true})
+            for (int t = 0; t < Count(); ++t) {
+                const TVdTableDef& table = *Items(t);
+                if (!table.Name().empty() && !walk.Entered(table) &&
+                    (rings || !walk.IsJoined(table)))
+                    appendEntry(table, &walk);
+            }
     }
     if (out.size() == head)
         return selectList;

@@ -534,10 +534,10 @@ TEST(VdTableDefs, JoinedTablesAreLeftOutOfTheTableList)
               }));
 }
 
-TEST(VdTableDefs, TableJoinedByNameOnlyStaysInTheList)
+TEST(VdTableDefs, TableJoinedByNameIsNamedOnceInFrom)
 {
-    // A join naming the table by name still prints, but the table counts as joined only
-    // through its alias.
+    // A join naming the table by name leads to it as well: FROM names it once, after the
+    // join (twice would be an error on every engine).
     TVdSelectParser p;
     TVdTableDef* o = AddTable(p, "ORDERS", "O");
     AddTable(p, "CUSTOMERS", "C");
@@ -547,8 +547,70 @@ TEST(VdTableDefs, TableJoinedByNameOnlyStaysInTheList)
                   "*",
                   "FROM",
                   R"(  "ORDERS" O )",
-                  R"(  INNER JOIN "CUSTOMERS" C ON ("O"."CUST_ID" = "C"."ID"),)",
-                  R"(  "CUSTOMERS" C)",
+                  R"(  INNER JOIN "CUSTOMERS" C ON ("O"."CUST_ID" = "C"."ID"))",
+                  "",
+              }));
+}
+
+TEST(VdTableDefs, TwoJoinsOfOnePairPrintOneJoinWithBothConditions)
+{
+    TVdSelectParser p;
+    TVdTableDef* o = AddTable(p, "ORDERS", "O");
+    AddTable(p, "LINES", "L");
+    AddJoin(*o, "ID", "L", "ORDER_ID", vdjLOuterJoin);
+    AddJoin(*o, "REV", "L", "ORDER_REV", vdjLOuterJoin);
+    EXPECT_MODEL_OK(p);
+    EXPECT_EQ(
+        p.TableDefs().GetScript(),
+        vdcheck::Crlf({
+            "*",
+            "FROM",
+            R"(  "ORDERS" O )",
+            R"(  LEFT OUTER JOIN "LINES" L ON ("O"."ID" = "L"."ORDER_ID" AND "O"."REV" = "L"."ORDER_REV"))",
+            "",
+        }));
+}
+
+TEST(VdTableDefs, ATableJoinedFromTwoTablesIsNamedOnceAndBringsTheOtherIn)
+{
+    // Links drawn from CUSTOMERS to ORDERS and from EMPLOYEES to ORDERS: ORDERS comes in
+    // once, EMPLOYEES through it, its outer join turned round to keep all of EMPLOYEES.
+    TVdSelectParser p;
+    TVdTableDef* c = AddTable(p, "CUSTOMERS", "C");
+    AddTable(p, "ORDERS", "O");
+    TVdTableDef* e = AddTable(p, "EMPLOYEES", "E");
+    AddJoin(*c, "ID", "O", "CUST_ID");
+    AddJoin(*e, "ID", "O", "EMP_ID", vdjLOuterJoin);
+    EXPECT_MODEL_OK(p);
+    EXPECT_EQ(p.TableDefs().GetScript(),
+              vdcheck::Crlf({
+                  "*",
+                  "FROM",
+                  R"(  "CUSTOMERS" C )",
+                  R"(  INNER JOIN "ORDERS" O ON ("C"."ID" = "O"."CUST_ID") )",
+                  R"(  RIGHT OUTER JOIN "EMPLOYEES" E ON ("O"."EMP_ID" = "E"."ID"))",
+                  "",
+              }));
+}
+
+TEST(VdTableDefs, ARingOfJoinsNamesEveryTableOnceAndKeepsEveryCondition)
+{
+    TVdSelectParser p;
+    TVdTableDef* a = AddTable(p, "A", "A");
+    TVdTableDef* b = AddTable(p, "B", "B");
+    TVdTableDef* c = AddTable(p, "C", "C");
+    AddJoin(*a, "X", "B", "X");
+    AddJoin(*b, "Y", "C", "Y");
+    AddJoin(*c, "Z", "A", "Z");
+    // No text reads into a ring (the parser refuses the join that closes one, and the model
+    // checker with it), but links drawn in the diagram can close one.
+    EXPECT_EQ(p.TableDefs().GetScript(),
+              vdcheck::Crlf({
+                  "*",
+                  "FROM",
+                  R"(  "A" )",
+                  R"(  INNER JOIN "B" ON ("A"."X" = "B"."X") )",
+                  R"(  INNER JOIN "C" ON ("B"."Y" = "C"."Y" AND "C"."Z" = "A"."Z"))",
                   "",
               }));
 }

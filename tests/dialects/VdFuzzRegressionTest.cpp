@@ -342,12 +342,13 @@ TEST(FuzzRegression, JoinClosingARingRefused)
                       "SELECT x FROM 't' RIGHT JOIN K.Name `U` ON (`U`.\"T2\" = 't'.FIELD_1) "
                       "FULL OUTER JOIN t(1, FIELD_1) ON (t.FIELD_1 = `U`.`x`)"),
               "Invalid token 't' at position 85 of line 1.");
-    // A table joined from two tables is no ring.
+    // A table joined from two tables is no ring: it is named once, the other table comes in
+    // through it.
     EXPECT_EQ(Refusal(TSetting::Generic, "SELECT A.x FROM A INNER JOIN C ON (A.x = C.y), B "
                                          "INNER JOIN C ON (B.x = C.y)"),
               "accepted, printed as\nSELECT \r\n  \"A\".\"x\"\r\nFROM\r\n  \"A\" \r\n  INNER "
-              "JOIN \"C\" ON (\"A\".\"x\" = \"C\".\"y\"),\r\n  \"B\" \r\n  INNER JOIN \"C\" ON "
-              "(\"B\".\"x\" = \"C\".\"y\")\r\n");
+              "JOIN \"C\" ON (\"A\".\"x\" = \"C\".\"y\") \r\n  INNER JOIN \"B\" ON "
+              "(\"C\".\"y\" = \"B\".\"x\")\r\n");
 }
 
 // Names printed unquoted: the procedure joined after the entry its name qualifies prints before
@@ -457,9 +458,9 @@ INSTANTIATE_TEST_SUITE_P(
         // arguments in two calls are still all kept.
         TCase{"GenericProcedureJoinedTwice", TSetting::Generic,
               "SELECT T.A FROM T INNER JOIN P(1) ON (T.A = P.B) INNER JOIN P ON (T.C = P.D)",
+              // One procedure call, joined on both conditions (named twice, FROM was an error).
               "SELECT \r\n  \"T\".\"A\"\r\nFROM\r\n  \"T\" \r\n  INNER JOIN \"P\"(:1) ON "
-              "(\"T\".\"A\" = \"P\".\"B\")\r\n  INNER JOIN \"P\"(:1) ON (\"T\".\"C\" = "
-              "\"P\".\"D\")\r\n"},
+              "(\"T\".\"A\" = \"P\".\"B\" AND \"T\".\"C\" = \"P\".\"D\")\r\n"},
         TCase{"GenericProcedureCalledTwiceWithOtherArguments", TSetting::Generic,
               "SELECT P.X FROM P(1) P, P(2) P",
               "SELECT \r\n  \"P\".\"X\"\r\nFROM\r\n  \"P\"(:1, :2)\r\n"},
@@ -479,10 +480,10 @@ INSTANTIATE_TEST_SUITE_P(
         TCase{"GenericTableJoinedFromTwoTables", TSetting::Generic,
               "SELECT A1.X FROM A1 LEFT JOIN A3 ON (A1.O > A3.C), A2 RIGHT JOIN A3 ON (A2.S > "
               "A3.C) LEFT JOIN A4 ON (A3.S < A4.D)",
+              // A3 is named once; A2 comes in through it, its right join turned round.
               "SELECT \r\n  \"A1\".\"X\"\r\nFROM\r\n  \"A1\" \r\n  LEFT OUTER JOIN \"A3\" ON "
-              "(\"A1\".\"O\" > \"A3\".\"C\") \r\n  LEFT OUTER JOIN \"A4\" ON (\"A3\".\"S\" < "
-              "\"A4\".\"D\"),\r\n  \"A2\" \r\n  RIGHT OUTER JOIN \"A3\" ON (\"A2\".\"S\" > "
-              "\"A3\".\"C\") \r\n  LEFT OUTER JOIN \"A4\" ON (\"A3\".\"S\" < \"A4\".\"D\")\r\n"},
+              "(\"A1\".\"O\" > \"A3\".\"C\") \r\n  LEFT OUTER JOIN \"A2\" ON (\"A3\".\"C\" < "
+              "\"A2\".\"S\")\r\n  LEFT OUTER JOIN \"A4\" ON (\"A3\".\"S\" < \"A4\".\"D\")\r\n"},
         // A name holding ".db" is quoted whole, as a file name; one kept in its quotes
         // already was quoted a second time and read back as other tokens.
         TCase{"Firebird3QuotedNameWithDbKeptInItsQuotes", TSetting::Firebird3, "SELECT\".db\"\"\"",

@@ -92,6 +92,13 @@ std::vector<TFamilyStatement> ParsedStatements()
                            " INNER JOIN EMPLOYEES E ON C.ID < E.ID"),
         Parsed("JoinGreaterOrEqual", "SELECT C.NAME, E.LAST_NAME FROM CUSTOMERS C"
                                      " INNER JOIN EMPLOYEES E ON C.ID >= E.ID"),
+        Parsed("JoinOnTwoConditions", "SELECT C.NAME, O.ID FROM CUSTOMERS C"
+                                      " LEFT OUTER JOIN ORDERS O ON (C.ID = O.CUSTOMER_ID"
+                                      " AND O.ID > C.ID)"),
+        Parsed("TableJoinedFromTwoEarlierTables",
+               "SELECT O.ID, C.NAME, E.LAST_NAME FROM CUSTOMERS C"
+               " INNER JOIN EMPLOYEES E ON C.ID >= E.ID"
+               " INNER JOIN ORDERS O ON C.ID = O.CUSTOMER_ID AND E.ID = O.EMPLOYEE_ID"),
         Parsed("CommaJoin", "SELECT O.ID, C.NAME FROM ORDERS O, CUSTOMERS C"
                             " WHERE (O.CUSTOMER_ID = C.ID)"),
 

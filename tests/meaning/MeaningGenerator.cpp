@@ -145,6 +145,12 @@ void TGenerator::ChooseJoins()
             join.Kind = TJoin::Left;
         join.OuterWord = Pct(70);
         join.Parens = Pct(85);
+        // Joins on two conditions; the second one either keeps every row pair or none.
+        if (Pct(20)) {
+            static const char* const ops[] = {"<=", ">=", "<>", "<", ">", "="};
+            join.ExtraOp = ops[Pick(0, 5)];
+            join.ExtraSwapped = Pct(50);
+        }
     }
 }
 

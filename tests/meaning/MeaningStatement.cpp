@@ -153,6 +153,10 @@ std::string TRenderer::From() const
         TExpr left{TExpr::eColumn, join.LeftEntry, join.LeftColumn, "", {}};
         TExpr right{TExpr::eColumn, join.RightEntry, join.RightColumn, "", {}};
         std::string on = Expr(left) + " = " + Expr(right);
+        if (!join.ExtraOp.empty())
+            on += " " + Kw("AND") + " " +
+                  (join.ExtraSwapped ? Expr(right) + " " + join.ExtraOp + " " + Expr(left)
+                                     : Expr(left) + " " + join.ExtraOp + " " + Expr(right));
         if (join.Parens)
             on = "(" + on + ")";
         text += " " + Kw(joinWord) + " " + table + " " + Kw("ON") + " " + on;

@@ -55,6 +55,9 @@ struct TJoin {
     bool Parens = true;    // ON (x = y) rather than ON x = y
     // The compared columns: one side is the entry this join brings, the other an earlier one.
     int LeftEntry = 0, LeftColumn = 0, RightEntry = 0, RightColumn = 0;
+    // A second comparison of the same two columns ("" for none): ON (x = y AND y <= x).
+    std::string ExtraOp;
+    bool ExtraSwapped = false;
 };
 
 struct TOrder {
