@@ -553,7 +553,7 @@ bool TVdWorkArea::eventFilter(QObject* watched, QEvent* event)
             VdRunGuarded(this, [this] { HandleEditNameKillFocus(); });
             return true;
         }
-    } else if (event->type() == QEvent::FocusOut && FAliasEdit->isVisible()) {
+    } else if (event->type() == QEvent::FocusOut && !FAliasEdit->isHidden()) {
         VdRunGuarded(this, [this] { HandleEditNameKillFocus(); });
     }
     return false;
@@ -563,7 +563,7 @@ void TVdWorkArea::HandleEditNameKillFocus()
 {
     // The edit belongs to the table being renamed, which renaming selected.
     TVdTable* table = HasTable(FAliasTable) ? FAliasTable : dynamic_cast<TVdTable*>(FSelected);
-    const bool pending = FAliasEdit->isVisible();
+    const bool pending = !FAliasEdit->isHidden();
     FAliasTable = nullptr;
     FAliasEdit->hide();
     if (table && pending)
