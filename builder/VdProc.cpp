@@ -59,65 +59,83 @@ QString TVdStoredProc::PlaceholderName(const QString& name, int number)
     return result.isEmpty() ? QStringLiteral("Par") + QString::number(number) : result;
 }
 
+namespace {
+
+// Float text of the current locale with its decimal separator turned into SQL's ".".
+QString FloatText(double value)
+{
+    QLocale locale;
+    locale.setNumberOptions(QLocale::OmitGroupSeparator);
+    return locale.toString(value, 'g', 15).replace(locale.decimalPoint(), QStringLiteral("."));
+}
+
+QString Quoted(QString text)
+{
+    // An apostrophe inside the value is doubled so that the call stays one string literal.
+    return QLatin1Char('\'') + text.replace(QLatin1Char('\''), QStringLiteral("''")) +
+           QLatin1Char('\'');
+}
+
+// Dates print as the locale writes them, chosen by the parameter's data type.
+QString DateText(const QVariant& value, TFieldType dataType)
+{
+    const QLocale locale;
+    const QDateTime stamp = value.typeId() == QMetaType::QTime
+                                ? QDateTime(QDate(1899, 12, 30), value.toTime())
+                                : value.toDateTime();
+    if (dataType == ftDate)
+        return Quoted(locale.toString(stamp.date(), QLocale::ShortFormat));
+    if (dataType == ftTime)
+        return Quoted(locale.toString(stamp.time(), QLocale::ShortFormat));
+    return Quoted(locale.toString(stamp, QLocale::ShortFormat));
+}
+
+// The argument for an entered value; an empty value keeps the placeholder.
+QString ValueText(const QVariant& value, TFieldType dataType, const QString& placeholder)
+{
+    switch (value.typeId()) {
+    case QMetaType::UnknownType:
+        return placeholder;
+    case QMetaType::Short:
+    case QMetaType::UShort:
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+        return QString::number(value.toLongLong());
+    case QMetaType::ULongLong:
+        return QString::number(value.toULongLong());
+    case QMetaType::Float:
+    case QMetaType::Double:
+        return FloatText(value.toDouble());
+    case QMetaType::QDate:
+    case QMetaType::QTime:
+    case QMetaType::QDateTime:
+        return DateText(value, dataType);
+    case QMetaType::Bool:
+        return value.toBool() ? QStringLiteral("T") : QStringLiteral("F");
+    default:
+        return Quoted(value.toString());
+    }
+}
+
+} // namespace
+
 QString TVdStoredProc::GetParameters() const
 {
     QString result;
-    const QString separator = QLocale().decimalPoint();
     for (int i = 0; i < Count(); ++i) {
         const TVdListItem* item = Items(i);
+        // Only input parameters: input-output ones stay out of the call, deliberately.
         if (item->ParamType() != ptInput)
-            continue; // input-output parameters too, deliberately
+            continue;
         const QString placeholder = QLatin1Char(':') + PlaceholderName(item->Name(), i);
         QString argument;
-        const QVariant& value = item->Value();
-        if (!item->Checked()) {
+        if (!item->Checked())
             argument = placeholder;
-        } else if (item->IsNull()) {
+        else if (item->IsNull())
             argument = QStringLiteral("NULL");
-        } else {
-            switch (value.typeId()) {
-            case QMetaType::UnknownType:
-                argument = placeholder;
-                break;
-            case QMetaType::Short:
-            case QMetaType::Int:
-            case QMetaType::LongLong:
-                argument = QString::number(value.toLongLong());
-                break;
-            case QMetaType::Float:
-            case QMetaType::Double:
-                argument = QLocale()
-                               .toString(value.toDouble(), 'g', 15)
-                               .replace(separator, QStringLiteral("."));
-                break;
-            case QMetaType::QDate:
-                argument = QLatin1Char('\'') +
-                           QLocale().toString(value.toDate(), QLocale::ShortFormat) +
-                           QLatin1Char('\'');
-                break;
-            case QMetaType::QTime:
-                argument = QLatin1Char('\'') +
-                           QLocale().toString(value.toTime(), QLocale::ShortFormat) +
-                           QLatin1Char('\'');
-                break;
-            case QMetaType::QDateTime: {
-                const QDateTime stamp = value.toDateTime();
-                const QString text = item->DataType() == ftDate
-                                         ? QLocale().toString(stamp.date(), QLocale::ShortFormat)
-                                     : item->DataType() == ftTime
-                                         ? QLocale().toString(stamp.time(), QLocale::ShortFormat)
-                                         : QLocale().toString(stamp, QLocale::ShortFormat);
-                argument = QLatin1Char('\'') + text + QLatin1Char('\'');
-                break;
-            }
-            case QMetaType::Bool:
-                argument = value.toBool() ? QStringLiteral("T") : QStringLiteral("F");
-                break;
-            default:
-                argument = QLatin1Char('\'') + value.toString() + QLatin1Char('\'');
-                break;
-            }
-        }
+        else
+            argument = ValueText(item->Value(), item->DataType(), placeholder);
         result += argument + QStringLiteral(", ");
     }
     result.chop(2);

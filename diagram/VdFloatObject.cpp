@@ -2,6 +2,8 @@
 
 #include "diagram/VdFloatPanel.h"
 
+#include <QMouseEvent>
+
 namespace vd {
 
 TVdFloatObject::~TVdFloatObject() = default;
@@ -13,11 +15,47 @@ void TVdFloatObject::SetSelect(bool value)
         FWorkArea->TableToFront(this);
 }
 
-void TVdFloatObject::MouseDown(QMouseEvent*, TTableHitTest) {}
+void TVdFloatObject::MouseDown(QMouseEvent* event, TTableHitTest)
+{
+    if (!event)
+        return;
+    const QPoint p = event->position().toPoint() - EventOrigin();
+    if (OnMouseDown)
+        OnMouseDown(this, event->button(), event->modifiers(), p.x(), p.y());
+    event->accept();
+}
 
-void TVdFloatObject::MouseMove(QMouseEvent*, TTableHitTest) {}
+void TVdFloatObject::MouseMove(QMouseEvent* event, TTableHitTest)
+{
+    if (!event)
+        return;
+    const QPoint p = event->position().toPoint() - EventOrigin();
+    if (OnMouseMove)
+        OnMouseMove(this, event->modifiers(), p.x(), p.y());
+    event->accept();
+}
 
-void TVdFloatObject::MouseUp(QMouseEvent*, TTableHitTest) {}
+void TVdFloatObject::MouseUp(QMouseEvent* event, TTableHitTest)
+{
+    if (!event)
+        return;
+    const QPoint p = event->position().toPoint() - EventOrigin();
+    if (OnMouseUp)
+        OnMouseUp(this, event->button(), event->modifiers(), p.x(), p.y());
+    event->accept();
+}
+
+void TVdFloatObject::KeyDown(int& key, Qt::KeyboardModifiers shift)
+{
+    if (OnKeyDown)
+        OnKeyDown(this, key, shift);
+}
+
+void TVdFloatObject::KeyUp(int& key, Qt::KeyboardModifiers shift)
+{
+    if (OnKeyUp)
+        OnKeyUp(this, key, shift);
+}
 
 void TVdFloatObject::LeaveHit(QMouseEvent*, TTableHitTest) {}
 

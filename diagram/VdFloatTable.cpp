@@ -2,13 +2,15 @@
 
 #include "builder/VdCustomVandor.h"
 #include "builder/VdQtText.h"
+#include "builder/VdStyle.h"
 #include "core/VdError.h"
 #include "diagram/VdFloatPanel.h"
 #include "resources/VdResource.h"
 
+#include <QFontInfo>
 #include <QFontMetrics>
-#include <QMouseEvent>
-#include <QPainter>
+#include <QLineEdit>
+#include <QScrollBar>
 
 #include <algorithm>
 #include <cstdlib>
@@ -49,21 +51,68 @@ QRect TVdListItem::GetBoundsRect() const { return FTable ? FTable->GetItemRect(t
 QString TVdListItem::GetDataName() const
 {
     if (IsFloatType(FDataType))
-        return QStringLiteral("Float");
+        return VdResource::DataFloat();
     if (IsNumericType(FDataType))
-        return QStringLiteral("Integer");
+        return VdResource::DataInteger();
     if (IsStringType(FDataType))
-        return QStringLiteral("String");
-    if (FDataType == ftUnknown || FDataType == ftTimeStamp || FDataType == ftFMTBcd)
-        return QString();
-    return FieldTypeName(FDataType);
+        return VdResource::DataString();
+    switch (FDataType) {
+    case ftBoolean:
+        return VdResource::DataBoolean();
+    case ftBCD:
+        return VdResource::DataBCD();
+    case ftDate:
+        return VdResource::DataDate();
+    case ftTime:
+        return VdResource::DataTime();
+    case ftDateTime:
+        return VdResource::DataDateTime();
+    case ftBytes:
+        return VdResource::DataBytes();
+    case ftVarBytes:
+        return VdResource::DataVarBytes();
+    case ftBlob:
+        return VdResource::DataBlob();
+    case ftGraphic:
+        return VdResource::DataGraphic();
+    case ftParadoxOle:
+        return VdResource::DataParadoxOle();
+    case ftDBaseOle:
+        return VdResource::DataDBaseOle();
+    case ftTypedBinary:
+        return VdResource::DataTypedBinary();
+    case ftCursor:
+        return VdResource::DataCursor();
+    case ftADT:
+        return VdResource::DataADT();
+    case ftArray:
+        return VdResource::DataArray();
+    case ftReference:
+        return VdResource::DataReference();
+    case ftDataSet:
+        return VdResource::DataDataSet();
+    case ftOraBlob:
+        return VdResource::DataOraBlob();
+    case ftOraClob:
+        return VdResource::DataOraClob();
+    case ftVariant:
+        return VdResource::DataVariant();
+    case ftInterface:
+        return VdResource::DataInterface();
+    case ftIDispatch:
+        return VdResource::DataIDispatch();
+    case ftGuid:
+        return VdResource::DataGuid();
+    default:
+        return QString(); // ftUnknown, ftTimeStamp, ftFMTBcd
+    }
 }
 
 void TVdListItem::SetSelect(bool value)
 {
     FSelected = value;
     if (FTable)
-        FTable->Changed();
+        FTable->InvalidateRow(this);
 }
 
 void TVdListItem::SetCheck(bool flag)
@@ -81,7 +130,7 @@ void TVdListItem::SetCheck(bool flag)
         FChecked = flag;
     }
     if (FTable)
-        FTable->Changed();
+        FTable->InvalidateRow(this);
     if (FParamType == ptOutput && area)
         area->HandleCheckItem(FTable, this);
     UpdateCheck(flag);
@@ -115,14 +164,29 @@ TVdTable::TVdTable(TVdWorkArea* workArea, TDataSet* dataSet, const QString& tabl
 {
     if (!workArea)
         throw EVdError(ToStdString(VdResource::InvalidTableParent()));
-    const int fontHeight = std::abs(QFontMetrics(workArea->font()).height());
-    SetCaptionHeight(fontHeight + 4);
-    SetItemHeight(fontHeight);
+    // The font's height is its pixel size; a row is never lower than the font's line, so
+    // that large fonts are not clipped.
+    const int pixels = std::abs(QFontInfo(workArea->font()).pixelSize());
+    SetCaptionHeight(pixels + 4);
+    SetItemHeight(std::max(pixels, QFontMetrics(workArea->font()).height()));
     AssignItems(dataSet);
     UpdateHeight();
 }
 
-TVdTable::~TVdTable() = default;
+TVdTable::~TVdTable()
+{
+    // The work area's shared editors must not keep pointing here.
+    if (FWorkArea->RowScrollTable() == this) {
+        FWorkArea->RowScrollBar()->hide();
+        FWorkArea->SetRowScrollTable(nullptr);
+    }
+    if (FWorkArea->FindTable() == this) {
+        FWorkArea->FindEdit()->hide();
+        FWorkArea->SetFindTable(nullptr);
+    }
+    if (FWorkArea->FieldDragTable() == this)
+        FWorkArea->StartFieldDrag(nullptr);
+}
 
 QString TVdTable::GetCaption() const
 {
@@ -135,6 +199,7 @@ void TVdTable::SetAlias(const QString& alias)
 {
     FAlias = alias;
     FitCaption();
+    Changed();
 }
 
 void TVdTable::FitCaption()
@@ -164,62 +229,121 @@ TVdListItem* TVdTable::FindItem(const QString& name) const
 
 void TVdTable::SetFieldState(int state)
 {
-    FFieldState = std::clamp(state, 0, 2);
+    // Each tick recomputes the state on the way; the target is fixed before the first.
+    const int target = std::clamp(state, 0, 2);
+    const bool tick = target == 2;
+    FFieldState = target;
     for (const auto& item : FItems)
-        if (item->ParamType() == ptOutput && item->Checked() != (FFieldState == 2))
-            item->SetCheck(FFieldState == 2);
+        if (item->ParamType() == ptOutput && item->Checked() != tick)
+            item->SetCheck(tick);
+    FFieldState = target;
     Changed();
 }
 
 void TVdTable::UpdateFieldState(int state)
 {
     FFieldState = std::clamp(state, 0, 2);
-    Changed();
+    FWorkArea->InvalidateContent(GetCheckRect().adjusted(0, 0, 2, 2));
+}
+
+void TVdTable::Resized(const QRect& oldBounds)
+{
+    FWorkArea->InvalidateContent(oldBounds);
+    FWorkArea->InvalidateContent(GetBoundsRect());
+    UpdateScrollBar();
+    FWorkArea->CMResizeControl(this);
 }
 
 void TVdTable::SetExpand(bool value)
 {
     if (FExpanded == value)
         return;
+    const QRect old = GetBoundsRect();
     FExpanded = value;
-    FWorkArea->CMResizeControl(this);
+    Resized(old);
 }
 
 void TVdTable::SetLeft(int value)
 {
     if (FLeft == value)
         return;
+    const QRect old = GetBoundsRect();
     FLeft = value;
-    FWorkArea->CMResizeControl(this);
+    Resized(old);
 }
 
 void TVdTable::SetTop(int value)
 {
     if (FTop == value)
         return;
+    const QRect old = GetBoundsRect();
     FTop = value;
-    FWorkArea->CMResizeControl(this);
+    Resized(old);
 }
 
 void TVdTable::SetWidth(int value)
 {
-    value = std::max(value, FCaptionHeight + ButtonsWidth + 20);
+    value = std::max(value, MinWidth());
     if (FWidth == value)
         return;
+    const QRect old = GetBoundsRect();
     FWidth = value;
-    FWorkArea->CMResizeControl(this);
+    Resized(old);
 }
 
 void TVdTable::SetHeight(int value)
 {
-    value = std::max(value, 2 * FItemHeight + FCaptionHeight + 4);
+    value = std::max(value, MinHeight());
     if (FHeight == value)
         return;
+    const QRect old = GetBoundsRect();
     FHeight = value;
     FVisibleItems = (FHeight - FCaptionHeight - BorderWidth - 2 * Margin - 1) / (FItemHeight + 1);
     if (FFirstVisibleItem + FVisibleItems > Count())
         FFirstVisibleItem = std::max(0, Count() - FVisibleItems);
-    FWorkArea->CMResizeControl(this);
+    Resized(old);
+}
+
+// Qt keeps the viewport's pixels in its backing store, so moving an edge only repaints the
+// old and new bounds instead of copying the box's pixels by hand.
+void TVdTable::MoveLeft(int value)
+{
+    const int right = FLeft + FWidth;
+    value = std::min(value, right - MinWidth());
+    if (value == FLeft)
+        return;
+    const QRect old = GetBoundsRect();
+    FLeft = value;
+    FWidth = right - value;
+    Resized(old);
+}
+
+void TVdTable::MoveUpper(int value)
+{
+    const int bottom = FTop + FHeight;
+    value = std::min(value, bottom - MinHeight());
+    if (value == FTop)
+        return;
+    const QRect old = GetBoundsRect();
+    FTop = value;
+    FHeight = bottom - value;
+    FVisibleItems = (FHeight - FCaptionHeight - BorderWidth - 2 * Margin - 1) / (FItemHeight + 1);
+    if (FFirstVisibleItem + FVisibleItems > Count())
+        FFirstVisibleItem = std::max(0, Count() - FVisibleItems);
+    Resized(old);
+}
+
+void TVdTable::MoveTable(int left, int top)
+{
+    if (left == FLeft && top == FTop)
+        return;
+    const QRect old = GetBoundsRect();
+    FLeft = left;
+    FTop = top;
+    FWorkArea->InvalidateContent(old);
+    FWorkArea->InvalidateContent(GetBoundsRect());
+    UpdateScrollBar();
+    FWorkArea->CMMoveControl(this);
 }
 
 void TVdTable::SetCaptionHeight(int value)
@@ -236,6 +360,18 @@ void TVdTable::SetItemHeight(int value)
     if (value == 0 || value == FItemHeight)
         return;
     FItemHeight = std::max(value, 16);
+}
+
+void TVdTable::SetFirstVisibleItem(int value)
+{
+    value = std::clamp(value, 0, std::max(0, Count() - FVisibleItems));
+    if (value == FFirstVisibleItem)
+        return;
+    FFirstVisibleItem = value;
+    Changed();
+    UpdateScrollBar();
+    // Links to rows that scrolled in or out attach elsewhere now.
+    FWorkArea->CMMoveControl(this);
 }
 
 void TVdTable::UpdateHeight()
@@ -267,6 +403,8 @@ QRect TVdTable::GetClientRect() const
 {
     return GetBoundsRect().adjusted(4, FCaptionHeight + 2, -4, -4);
 }
+
+QRect TVdTable::GetCheckRect() const { return QRect(FLeft + 4, FTop + 2, GlyphSize, GlyphSize); }
 
 QRect TVdTable::GetItemRect(const TVdListItem* item) const
 {
@@ -309,15 +447,41 @@ QRect TVdTable::CaptionRect(bool rightAligned) const
 TVdListItem* TVdTable::GetItemAt(int x, int y) const
 {
     const QPoint point = QPoint(x, y) + FWorkArea->ScrollOffset();
-    if (!FExpanded)
+    if (!FExpanded || point.y() < GetClientRect().top())
         return nullptr;
     const int last = std::min(Count(), FFirstVisibleItem + FVisibleItems);
-    for (int i = FFirstVisibleItem; i < last; ++i) {
-        const QRect row = GetItemRect(Items(i));
-        if (row.bottom() >= point.y())
-            return point.y() >= GetClientRect().top() ? Items(i) : nullptr;
-    }
+    for (int i = FFirstVisibleItem; i < last; ++i)
+        if (GetItemRect(Items(i)).bottom() >= point.y())
+            return Items(i);
     return nullptr;
+}
+
+int TVdTable::GetButtonAt(const QPoint& windowPoint) const
+{
+    const int x = windowPoint.x() + FWorkArea->ScrollOffset().x();
+    const QRect buttons = GetButtonRect();
+    if (x < buttons.left() + GlyphSize + 1)
+        return 0;
+    if (x > buttons.right() + 1 - GlyphSize - 2)
+        return 2;
+    return 1;
+}
+
+int TVdTable::GetTableBorder() const
+{
+    return FWorkArea->Vandor()->GetStyle()->ObjectStyle()->BorderKind();
+}
+
+bool TVdTable::GetFlat() const { return FWorkArea->Vandor()->GetStyle()->ObjectStyle()->Flat(); }
+
+bool TVdTable::GetbtnFlat() const
+{
+    return FWorkArea->Vandor()->GetStyle()->ObjectStyle()->FlatButtons();
+}
+
+bool TVdTable::GetHideSelection() const
+{
+    return FWorkArea->Vandor()->GetOptions().testFlag(vdoHideSelection);
 }
 
 TColor TVdTable::GetClientColor() const { return FWorkArea->Vandor()->GetPalette()->TableClient(); }
@@ -329,10 +493,11 @@ TTableHitTest TVdTable::HitTest(const QPoint& windowPoint) const
     if (!b.contains(p))
         return htTOutSide;
     if (FExpanded) {
+        // QRect's right and bottom are the last pixel inside: the far bands are (Right-4, Right].
         const bool left = p.x() < b.left() + 4;
-        const bool right = p.x() > b.right() - 4;
+        const bool right = p.x() > b.right() + 1 - 4;
         const bool top = p.y() < b.top() + 4;
-        const bool bottom = p.y() > b.bottom() - 4;
+        const bool bottom = p.y() > b.bottom() + 1 - 4;
         if (left)
             return top ? htTLeftTop : bottom ? htTLeftBottom : htTLeft;
         if (right)
@@ -346,40 +511,44 @@ TTableHitTest TVdTable::HitTest(const QPoint& windowPoint) const
         return htTClient;
     if (GetButtonRect().contains(p))
         return htTbutton;
-    if (QRect(FLeft + 4, FTop + 2, 12, 12).contains(p))
+    if (GetCheckRect().contains(p))
         return htTCheck;
     return htTCaption;
 }
 
-void TVdTable::MouseDown(QMouseEvent* event, TTableHitTest hit)
+bool TVdTable::ScrollBarShown() const
 {
-    const QPoint window = event->position().toPoint();
-    const QPoint p = window + FWorkArea->ScrollOffset();
-    if (hit == htTCheck) {
-        SetFieldState(FFieldState == 2 ? 0 : 2);
-    } else if (hit == htTbutton) {
-        const QRect buttons = GetButtonRect();
-        const int w = 12;
-        const int button = p.x() < buttons.left() + w + 1    ? 0
-                           : p.x() > buttons.right() - w - 2 ? 2
-                                                             : 1;
-        if (button == 2)
-            Close();
-        else if (button == 1)
-            Unlink();
-        else
-            SetExpand(!FExpanded);
-    } else if (hit == htTClient) {
-        TVdListItem* row = GetItemAt(window.x(), window.y());
-        if (row) {
-            FCurrentItem = row;
-            const QRect rect = GetItemRect(row);
-            if (row->ParamType() == ptOutput && p.x() >= rect.left() &&
-                p.x() < rect.left() + FItemHeight)
-                row->SetCheck(!row->Checked());
-            Changed();
+    return FWorkArea->RowScrollTable() == this && !FWorkArea->RowScrollBar()->isHidden();
+}
+
+bool TVdTable::UpdateScrollBar()
+{
+    QScrollBar* bar = FWorkArea->RowScrollBar();
+    const bool needed = FSelected && FExpanded && Count() > FVisibleItems;
+    if (!needed) {
+        if (FWorkArea->RowScrollTable() == this) {
+            bar->hide();
+            FWorkArea->SetRowScrollTable(nullptr);
         }
+        return false;
     }
+    const QRect client = GetClientRect().translated(-FWorkArea->ScrollOffset());
+    const QSignalBlocker quiet(bar);
+    bar->setGeometry(client.right() + 1 - ScrollBarWidth, client.top(), ScrollBarWidth,
+                     client.height());
+    bar->setRange(0, Count() - FVisibleItems);
+    bar->setPageStep(std::max(1, FVisibleItems - 1));
+    bar->setValue(FFirstVisibleItem);
+    FWorkArea->SetRowScrollTable(this);
+    bar->show();
+    return true;
+}
+
+void TVdTable::SetSelect(bool value)
+{
+    TVdFloatObject::SetSelect(value);
+    UpdateScrollBar();
+    Changed();
 }
 
 void TVdTable::AssignItems(TDataSet* dataSet)
@@ -409,100 +578,18 @@ void TVdTable::Changed()
         FWorkArea->InvalidateContent(GetBoundsRect());
 }
 
-// ---- Painting: a plain look until the owner-drawn one lands ----
-
-void TVdTable::Paint(QPainter& painter)
+void TVdTable::InvalidateRow(const TVdListItem* item)
 {
-    const QPoint offset = FWorkArea->ScrollOffset();
-    const TVdPalette* palette = FWorkArea->Vandor()->GetPalette();
-    painter.save();
-    painter.translate(-offset);
-    const QRect bounds = GetBoundsRect();
-    const QRect caption(bounds.left(), bounds.top(), bounds.width(), FCaptionHeight);
-    painter.fillRect(
-        caption, ColorToQColor(FSelected ? palette->ActiveCaption() : palette->InactiveCaption()));
-    QFont bold = FWorkArea->font();
-    bold.setBold(true);
-    painter.setFont(bold);
-    painter.setPen(Qt::black);
-    const QRect textRect = GetCaptionRect();
-    const QString text =
-        QFontMetrics(bold).elidedText(GetCaption(), Qt::ElideRight, textRect.width());
-    painter.drawText(textRect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     text.isEmpty() ? QStringLiteral(" ") : text);
-    // Tick-all box: empty, partly ticked, ticked.
-    const QRect box(FLeft + 6, FTop + 4, 12, 12);
-    painter.fillRect(box, Qt::white);
-    painter.drawRect(box.adjusted(0, 0, -1, -1));
-    if (FFieldState == 1)
-        painter.fillRect(box.adjusted(3, 3, -3, -3), Qt::gray);
-    else if (FFieldState == 2)
-        painter.drawPolyline(
-            QPolygon({QPoint(box.left() + 2, box.top() + 6), QPoint(box.left() + 5, box.top() + 9),
-                      QPoint(box.left() + 10, box.top() + 2)}));
-    // Buttons: collapse/expand, unlink, close.
-    const QRect buttons = GetButtonRect();
-    for (int i = 0; i < 3; ++i) {
-        const QRect square(buttons.left() + 13 * i, buttons.top() + (buttons.height() - 12) / 2, 12,
-                           12);
-        painter.setPen(Qt::gray);
-        painter.drawRect(square.adjusted(0, 0, -1, -1));
-        painter.setPen(Qt::black);
-        const QPoint c = square.center();
-        if (i == 0)
-            painter.drawLine(c.x() - 3, c.y(), c.x() + 3, c.y());
-        if (i == 0 && !FExpanded)
-            painter.drawLine(c.x(), c.y() - 3, c.x(), c.y() + 3);
-        if (i == 1)
-            painter.drawEllipse(c, 3, 2);
-        if (i == 2) {
-            painter.drawLine(c.x() - 3, c.y() - 3, c.x() + 3, c.y() + 3);
-            painter.drawLine(c.x() - 3, c.y() + 3, c.x() + 3, c.y() - 3);
-        }
-    }
-    if (FExpanded)
-        PaintRows(painter, GetClientRect());
-    painter.setPen(FSelected ? Qt::black : Qt::darkGray);
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRect(bounds.adjusted(0, 0, -1, -1));
-    painter.restore();
+    QRect row = GetItemRect(item);
+    if (row.isEmpty())
+        return;
+    if (ScrollBarShown())
+        row.setRight(row.right() - ScrollBarWidth);
+    FWorkArea->InvalidateContent(row.adjusted(0, 0, 0, 1));
 }
 
-void TVdTable::PaintRows(QPainter& painter, const QRect& client)
-{
-    const TCustomVandor* vandor = FWorkArea->Vandor();
-    const TVdPalette* palette = vandor->GetPalette();
-    painter.fillRect(client, ColorToQColor(GetClientColor()));
-    painter.save();
-    painter.setClipRect(client);
-    const bool showTypes = vandor->GetOptions().testFlag(vdoShowFieldTypes);
-    const bool hideSelection = vandor->GetOptions().testFlag(vdoHideSelection) && !FSelected;
-    const int last = std::min(Count(), FFirstVisibleItem + FVisibleItems);
-    for (int i = FFirstVisibleItem; i < last; ++i) {
-        const TVdListItem* row = Items(i);
-        const QRect rect = GetItemRect(row).translated(0, 1);
-        const bool current = row == FCurrentItem && !hideSelection;
-        QFont font = FWorkArea->font();
-        font.setBold(row->IsSelected());
-        painter.setFont(font);
-        const QRect textRect = rect.adjusted(FItemHeight, 0, 0, 0);
-        if (current)
-            painter.fillRect(textRect, QColor(192, 192, 192));
-        painter.setPen(ColorToQColor(current ? palette->SelectedItemText() : palette->ItemText()));
-        QString text = QLatin1Char(' ') + row->Name();
-        if (showTypes)
-            text += QStringLiteral(" (") + row->GetDataName() + QLatin1Char(')');
-        painter.drawText(textRect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
-        const QRect check(rect.left() + 2, rect.top() + (rect.height() - 11) / 2, 11, 11);
-        painter.setPen(row->ParamType() == ptOutput ? Qt::black : Qt::darkBlue);
-        painter.fillRect(check, Qt::white);
-        painter.drawRect(check.adjusted(0, 0, -1, -1));
-        if (row->Checked())
-            painter.drawPolyline(QPolygon({QPoint(check.left() + 2, check.top() + 5),
-                                           QPoint(check.left() + 4, check.top() + 8),
-                                           QPoint(check.left() + 8, check.top() + 2)}));
-    }
-    painter.restore();
-}
+void TVdTable::InvalidateButtons() { FWorkArea->InvalidateContent(GetButtonRect()); }
+
+QPoint TVdTable::EventOrigin() const { return QPoint(FLeft, FTop) - FWorkArea->ScrollOffset(); }
 
 } // namespace vd

@@ -16,6 +16,7 @@
 #include <vector>
 
 class QFont;
+class QLineEdit;
 
 namespace vd {
 
@@ -26,6 +27,9 @@ bool IsFloatType(TFieldType type);    // sFloat
 bool IsNumericType(TFieldType type);  // sNumeric
 bool IsStringType(TFieldType type);   // sString
 bool IsDateTimeType(TFieldType type); // sDateTime
+
+// Ends the find-as-you-type search of the edit's table on Enter, Escape and the row keys.
+void InstallFindEditKeys(QLineEdit* edit, TVdWorkArea* workArea);
 
 enum TVdItemStateFlag : std::uint8_t { isSelected, isFocused, isDroped };
 using TVdItemState = TVdSet<TVdItemStateFlag>;
@@ -88,6 +92,8 @@ public:
     static constexpr int Margin = 2;
     static constexpr int ScrollBarWidth = 16;
     static constexpr int MaxInitialRows = 6;
+    // Side of the button glyphs and of the tick-all image.
+    static constexpr int GlyphSize = 12;
 
     // Raises EVdError "Invalid parent for table object!" without a work area.
     TVdTable(TVdWorkArea* workArea, TDataSet* dataSet, const QString& tableName);
@@ -95,7 +101,6 @@ public:
 
     const QString& TableName() const { return FTableName; }
     const QString& Alias() const { return FAlias; }
-    // Sets the alias as it is, without any event (loading and renaming set it this way).
     // Sets the alias and widens the object so that its caption (name and alias) shows whole.
     void SetAlias(const QString& alias);
     void FitCaption();
@@ -130,14 +135,26 @@ public:
     int Height() const { return FHeight; }
     void SetLeft(int value);
     void SetTop(int value);
+    // Never narrower than CaptionHeight + ButtonsWidth + 20.
     void SetWidth(int value);
+    // Never lower than 2 * ItemHeight + CaptionHeight + 4; recomputes the rows shown.
     void SetHeight(int value);
+    // Move the left or top edge, keeping the right or bottom edge where it is.
+    void MoveLeft(int value);
+    void MoveUpper(int value);
+    // Moves the box to (left, top) and tells the work area (its links follow).
+    void MoveTable(int left, int top);
+    int MinWidth() const { return FCaptionHeight + ButtonsWidth + 20; }
+    int MinHeight() const { return 2 * FItemHeight + FCaptionHeight + 4; }
     int CaptionHeight() const { return FCaptionHeight; }
     int ItemHeight() const { return FItemHeight; }
     void SetCaptionHeight(int value);
     void SetItemHeight(int value);
     int FirstVisibleItem() const { return FFirstVisibleItem; }
+    void SetFirstVisibleItem(int value);
     int VisibleItems() const { return FVisibleItems; }
+    int PressedButton() const { return FPressedButton; }
+    int HotButton() const { return FHotButton; }
 
     // Content coordinates.
     QRect GetBoundsRect() const;
@@ -147,16 +164,51 @@ public:
     QRect GetItemRect(const TVdListItem* item) const;
     // Where a link attaches: rows scrolled out of view attach to the caption or the bottom.
     QRect GetFullItemRect(const TVdListItem* item) const;
+    // The 12 x 12 square that a click ticks or clears all fields in.
+    QRect GetCheckRect() const;
     // The caption text's extent in the bold font, 2 pixels wider than the text.
     QRect CaptionRect(bool rightAligned) const;
     // The visible row at a window point, or null.
     TVdListItem* GetItemAt(int x, int y) const;
+    // The button (0 collapse/expand, 1 unlink, 2 close) at a window point in the button area.
+    int GetButtonAt(const QPoint& windowPoint) const;
 
+    // The style's edge of the box, its flat flags, and the hide-selection option.
+    int GetTableBorder() const;
+    bool GetFlat() const;
+    bool GetbtnFlat() const;
+    bool GetHideSelection() const;
     virtual TColor GetClientColor() const;
+
     QString GetHint() const override { return FHint; }
+    void SetSelect(bool value) override;
     void Paint(QPainter& painter) override;
     TTableHitTest HitTest(const QPoint& point) const override;
     void MouseDown(QMouseEvent* event, TTableHitTest hit) override;
+    void MouseMove(QMouseEvent* event, TTableHitTest hit) override;
+    void MouseUp(QMouseEvent* event, TTableHitTest hit) override;
+    void KeyDown(int& key, Qt::KeyboardModifiers shift) override;
+    void LeaveHit(QMouseEvent* event, TTableHitTest hit) override;
+    void PopupMenu(QMenu* menu, int x, int y, TTableHitTest hit) override;
+    virtual void DblClick(QMouseEvent* event, TTableHitTest hit);
+
+    // Shows the shared row scroll bar along the client area when this table is selected and
+    // has more rows than it shows; returns whether the bar is needed.
+    bool UpdateScrollBar();
+    // The row scroll bar is shown inside this box (rows are narrowed by its width).
+    bool ScrollBarShown() const;
+    // The find-as-you-type edit bound to this table changed or got a key (0 for a change).
+    void HandleFindField(QLineEdit* edit, int key, Qt::KeyboardModifiers shift);
+    // Selects the table and puts the work area's alias edit over the caption.
+    void HandleRenameTable();
+    // The menu's "Delete table": closes the table (the host may refuse).
+    void HandleRemoveTable();
+
+    // Draws one row into rect (window coordinates); the state tells how it is marked.
+    void DrawItem(QPainter& painter, const TVdListItem* item, const QRect& rect,
+                  bool fillWithTableBrush, TVdItemState state) const;
+    // Draws button index (0..2) in state 0 pressed, 1 normal, 2 hot into the button area rect.
+    void DrawButton(QPainter& painter, int state, int index, const QRect& rect) const;
 
     // Rebuilds the rows from the data set's fields.
     void AssignItems(TDataSet* dataSet);
@@ -166,15 +218,27 @@ public:
     void Unlink();
 
 protected:
+    QPoint EventOrigin() const override;
     void AppendItem(std::unique_ptr<TVdListItem> item);
     void SetVisibleItems(int value) { FVisibleItems = value; }
     // Height from the rows shown and the fixed parts.
     void UpdateHeight();
     void PaintRows(QPainter& painter, const QRect& client);
+    void PaintEdges(QPainter& painter, const QRect& bounds) const;
+    void PaintCaption(QPainter& painter, const QRect& bounds) const;
 
 private:
     friend class TVdListItem;
     void Changed();
+    void InvalidateRow(const TVdListItem* item);
+    void InvalidateButtons();
+    // Old and new bounds are repainted and the work area routes the links again.
+    void Resized(const QRect& oldBounds);
+    void MoveCurrent(int index);
+    void ScrollIntoView(int index);
+    void ToggleCurrent();
+    void StartFind(int key);
+    int ButtonState(int index) const;
 
     QString FTableName;
     QString FAlias;
@@ -182,6 +246,7 @@ private:
     int FFieldState = 0;
     int FPressedButton = -1;
     int FHotButton = -1;
+    bool FPressedOver = false;
     bool FExpanded = true;
     int FCaptionHeight = 20;
     TVdListItem* FCurrentItem = nullptr;
