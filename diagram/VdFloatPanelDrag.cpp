@@ -90,8 +90,12 @@ void TVdWorkArea::StartFieldDrag(TVdTable* table)
                                 int(picture.height() / picture.devicePixelRatio()) / 2));
     }
     drag->exec(Qt::LinkAction | Qt::CopyAction, Qt::LinkAction);
-    // Whatever happened, the drag is over; a drop has already linked.
-    HandleDragEnd(false);
+    // Whatever happened, the drag is over (a drop has already linked); the table stays
+    // recorded until the next press, so this press starts no second drag.
+    StopRowScroll();
+    SetDropHighlight(nullptr);
+    FDragTarget = nullptr;
+    FDropTable = nullptr;
 }
 
 bool TVdWorkArea::HandleDragOver(QObject* source, const QPoint& point, bool moving)
@@ -179,7 +183,6 @@ void TVdWorkArea::HandleDragEnd(bool dropped)
     SetDropHighlight(nullptr);
     FDragTarget = nullptr;
     FDropTable = nullptr;
-    FFieldDragTable = nullptr;
     if (!dropped || !sourceTable || !sourceTable->CurrentItem() || !target ||
         !HasTable(target->Table()))
         return;

@@ -295,6 +295,7 @@ void TVdWorkArea::MouseDownAt(QMouseEvent* event)
         return;
     HideHint();
     setFocus();
+    FFieldDragTable = nullptr;
     const QPoint mouse = event->position().toPoint();
     // The object under the press, as the last move found it (also when no move came first).
     TTableHitTest hit = htTOutSide;
