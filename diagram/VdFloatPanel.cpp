@@ -58,6 +58,7 @@ TVdWorkArea::~TVdWorkArea()
     FLinks.clear();
     FJoins.clear();
     FTables.clear();
+    FClosed.clear();
 }
 
 QPoint TVdWorkArea::ScrollOffset() const
@@ -251,6 +252,7 @@ void TVdWorkArea::ClearContents()
     FLinks.clear();
     FJoins.clear();
     FTables.clear();
+    FClosed.clear();
     viewport()->update();
 }
 
@@ -304,6 +306,9 @@ void TVdWorkArea::CMCloseTable(TVdTable* table)
         join->ForgetTable(table);
     if (OnRemoveTable)
         OnRemoveTable(this, owned.get());
+    FClosed.push_back(std::move(owned));
+    QMetaObject::invokeMethod(
+        this, [this] { FClosed.clear(); }, Qt::QueuedConnection);
 }
 
 void TVdWorkArea::CMUnlinkTable(TVdTable* table)

@@ -290,6 +290,9 @@ private:
     TVdTable* FAliasTable = nullptr;
     QMenu* FMenu = nullptr;
     std::uint64_t FSerial = 0;
+    // Closed tables wait here until the event loop comes back: a table may be closed from
+    // inside its own mouse handler.
+    std::vector<std::unique_ptr<TVdTable>> FClosed;
 
     // Facilities the table objects use
     QScrollBar* FRowScrollBar = nullptr;
