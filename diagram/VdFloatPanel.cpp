@@ -6,6 +6,7 @@
 #include "builder/VdQtText.h"
 #include "core/VdError.h"
 #include "diagram/VdFloatTable.h"
+#include "diagram/VdLinkProp.h"
 #include "diagram/VdLinks.h"
 #include "diagram/VdPlacement.h"
 #include "resources/VdResource.h"
@@ -393,7 +394,11 @@ void TVdWorkArea::PostDeleteLink(TVdLink* link)
         Qt::QueuedConnection);
 }
 
-bool TVdWorkArea::ShowLinkProperties(TVdLink*) { return false; }
+bool TVdWorkArea::ShowLinkProperties(TVdLink* link)
+{
+    // Modal: the dialog writes the join kind of every link of the pair and the comparison.
+    return ::vd::ShowLinkProperties(link);
+}
 
 // ---- Links ----
 
@@ -592,6 +597,13 @@ void TVdWorkArea::CommitAlias(TVdTable* table, const QString& text)
 }
 
 // ---- Facilities the table objects use ----
+
+TfmLinkProp* TVdWorkArea::LinkPropDialog()
+{
+    if (!FLinkPropDialog)
+        FLinkPropDialog = new TfmLinkProp(this);
+    return FLinkPropDialog;
+}
 
 QScrollBar* TVdWorkArea::RowScrollBar()
 {

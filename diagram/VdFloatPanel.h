@@ -39,6 +39,7 @@ class QScrollBar;
 namespace vd {
 
 class TCustomVandor;
+class TfmLinkProp;
 class TVdJoin;
 class TVdLink;
 class TVdListItem;
@@ -194,6 +195,8 @@ public:
     void PaintRegion(QPainter& painter, const QRegion& region);
 
     // Facilities the table objects use
+    // The link properties dialog, made on first use.
+    TfmLinkProp* LinkPropDialog();
     // The one vertical scroll bar that the selected table shows its rows with; made on first
     // use, hidden until a table needs it.
     QScrollBar* RowScrollBar();
@@ -295,6 +298,7 @@ private:
     std::vector<std::unique_ptr<TVdTable>> FClosed;
 
     // Facilities the table objects use
+    TfmLinkProp* FLinkPropDialog = nullptr;
     QScrollBar* FRowScrollBar = nullptr;
     TVdTable* FRowScrollTable = nullptr;
     QLineEdit* FFindEdit = nullptr;
