@@ -292,6 +292,17 @@ void TVdWorkArea::CMCloseTable(TVdTable* table)
         FAliasTable = nullptr;
         FAliasEdit->hide();
     }
+    // The shared editors let go now, not when the object is finally freed.
+    if (FFindTable == table) {
+        FFindTable = nullptr;
+        FindEdit()->hide();
+    }
+    if (FRowScrollTable == table) {
+        FRowScrollTable = nullptr;
+        RowScrollBar()->hide();
+    }
+    if (FFieldDragTable == table)
+        FFieldDragTable = nullptr;
     if (FDropTable == table) {
         FDropTable = nullptr;
         FDropHighlightRow = nullptr;
