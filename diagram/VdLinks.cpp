@@ -190,18 +190,27 @@ static QRect MarkerRect(const QPoint& end, const QPoint& stub)
     return QRect(QPoint(std::min(a, b), end.y() - 5), QPoint(std::max(a, b), end.y() + 5));
 }
 
-// A band around a segment, wide enough for the selected pen and its antialiasing.
+// A band around a segment, wide enough for the selected pen and its antialiasing. A slanted
+// segment is covered by boxes along it rather than by an exact polygon, whose region would
+// hold one rectangle per scan line and make every later clip and repaint slower.
 static QRegion SegmentRegion(const QPoint& a, const QPoint& b)
 {
-    constexpr int Side = 2;
+    constexpr int Side = 3;
+    constexpr int Step = 12;
     const int dx = b.x() - a.x();
     const int dy = b.y() - a.y();
-    const bool steep = dx == 0 || dy / dx != 0;
-    const QPoint off = steep ? QPoint(Side + 1, 0) : QPoint(0, Side + 1);
-    if (dx == 0 || dy == 0)
+    const int length = std::max(std::abs(dx), std::abs(dy));
+    if (dx == 0 || dy == 0 || length <= Step)
         return QRegion(QRect(a, b).normalized().adjusted(-Side, -Side, Side + 1, Side + 1));
-    const QPolygon band({a - off, b - off, b + off, a + off});
-    return QRegion(band);
+    QRegion band;
+    const int steps = (length + Step - 1) / Step;
+    QPoint from = a;
+    for (int i = 1; i <= steps; ++i) {
+        const QPoint to(a.x() + dx * i / steps, a.y() + dy * i / steps);
+        band += QRect(from, to).normalized().adjusted(-Side, -Side, Side + 1, Side + 1);
+        from = to;
+    }
+    return band;
 }
 
 QRegion TVdLink::GetClipRgn(TVdLinkPart part) const
