@@ -15,15 +15,17 @@ void TVdFloatObject::SetSelect(bool value)
         FWorkArea->TableToFront(this);
 }
 
-void TVdFloatObject::MouseDown(QMouseEvent* event, TTableHitTest)
+void TVdFloatObject::FireMouse(QMouseEvent* event, const TVdObjectMouseEvent& slot)
 {
     if (!event)
         return;
     const QPoint p = event->position().toPoint() - EventOrigin();
-    if (OnMouseDown)
-        OnMouseDown(this, event->button(), event->modifiers(), p.x(), p.y());
+    if (slot)
+        slot(this, event->button(), event->modifiers(), p.x(), p.y());
     event->accept();
 }
+
+void TVdFloatObject::MouseDown(QMouseEvent* event, TTableHitTest) { FireMouse(event, OnMouseDown); }
 
 void TVdFloatObject::MouseMove(QMouseEvent* event, TTableHitTest)
 {
@@ -35,15 +37,7 @@ void TVdFloatObject::MouseMove(QMouseEvent* event, TTableHitTest)
     event->accept();
 }
 
-void TVdFloatObject::MouseUp(QMouseEvent* event, TTableHitTest)
-{
-    if (!event)
-        return;
-    const QPoint p = event->position().toPoint() - EventOrigin();
-    if (OnMouseUp)
-        OnMouseUp(this, event->button(), event->modifiers(), p.x(), p.y());
-    event->accept();
-}
+void TVdFloatObject::MouseUp(QMouseEvent* event, TTableHitTest) { FireMouse(event, OnMouseUp); }
 
 void TVdFloatObject::KeyDown(int& key, Qt::KeyboardModifiers shift)
 {

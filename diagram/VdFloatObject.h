@@ -89,6 +89,8 @@ public:
 protected:
     // Window position of the object's origin, subtracted from mouse positions for the events.
     virtual QPoint EventOrigin() const { return QPoint(); }
+    // Calls a button slot with the event's position relative to the object; accepts the event.
+    void FireMouse(QMouseEvent* event, const TVdObjectMouseEvent& slot);
 
     TVdWorkArea* FWorkArea;
     bool FSelected = false;

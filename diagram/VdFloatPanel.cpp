@@ -622,9 +622,18 @@ QScrollBar* TVdWorkArea::RowScrollBar()
         FRowScrollBar = new QScrollBar(Qt::Vertical, viewport());
         FRowScrollBar->hide();
         connect(FRowScrollBar, &QScrollBar::valueChanged, this, [this](int value) {
-            if (HasTable(FRowScrollTable))
-                FRowScrollTable->SetFirstVisibleItem(value);
+            VdRunGuarded(this, [&] {
+                if (HasTable(FRowScrollTable))
+                    FRowScrollTable->SetFirstVisibleItem(value);
+            });
         });
+        // The bar sits in window coordinates: it follows the diagram when that scrolls.
+        const auto follow = [this] {
+            if (HasTable(FRowScrollTable))
+                FRowScrollTable->UpdateScrollBar();
+        };
+        connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, follow);
+        connect(verticalScrollBar(), &QScrollBar::valueChanged, this, follow);
     }
     return FRowScrollBar;
 }
@@ -637,8 +646,10 @@ QLineEdit* TVdWorkArea::FindEdit()
         FFindEdit->setFixedHeight(15);
         FFindEdit->hide();
         connect(FFindEdit, &QLineEdit::textEdited, this, [this] {
-            if (HasTable(FFindTable))
-                FFindTable->HandleFindField(FFindEdit, 0, {});
+            VdRunGuarded(this, [this] {
+                if (HasTable(FFindTable))
+                    FFindTable->HandleFindField(FFindEdit, 0, {});
+            });
         });
         InstallFindEditKeys(FFindEdit, this);
     }

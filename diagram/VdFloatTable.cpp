@@ -297,11 +297,16 @@ void TVdTable::SetHeight(int value)
     if (FHeight == value)
         return;
     const QRect old = GetBoundsRect();
+    ApplyHeight(value);
+    Resized(old);
+}
+
+void TVdTable::ApplyHeight(int value)
+{
     FHeight = value;
     FVisibleItems = (FHeight - FCaptionHeight - BorderWidth - 2 * Margin - 1) / (FItemHeight + 1);
     if (FFirstVisibleItem + FVisibleItems > Count())
         FFirstVisibleItem = std::max(0, Count() - FVisibleItems);
-    Resized(old);
 }
 
 // Qt keeps the viewport's pixels in its backing store, so moving an edge only repaints the
@@ -326,10 +331,7 @@ void TVdTable::MoveUpper(int value)
         return;
     const QRect old = GetBoundsRect();
     FTop = value;
-    FHeight = bottom - value;
-    FVisibleItems = (FHeight - FCaptionHeight - BorderWidth - 2 * Margin - 1) / (FItemHeight + 1);
-    if (FFirstVisibleItem + FVisibleItems > Count())
-        FFirstVisibleItem = std::max(0, Count() - FVisibleItems);
+    ApplyHeight(bottom - value);
     Resized(old);
 }
 

@@ -234,6 +234,8 @@ private:
     void InvalidateButtons();
     // Old and new bounds are repainted and the work area routes the links again.
     void Resized(const QRect& oldBounds);
+    // Stores the height and recounts the rows it shows, keeping the last rows in view.
+    void ApplyHeight(int value);
     void MoveCurrent(int index);
     void ScrollIntoView(int index);
     void ToggleCurrent();

@@ -2,6 +2,7 @@
 // positions arrive in window coordinates.
 
 #include "builder/VdCustomVandor.h"
+#include "builder/VdDialogService.h"
 #include "diagram/VdFloatPanel.h"
 #include "diagram/VdFloatTable.h"
 #include "resources/VdResource.h"
@@ -44,7 +45,8 @@ protected:
         TVdTable* table = FWorkArea->FindTable();
         if (!EndsFind(keyEvent->key()) || !FWorkArea->HasTable(table))
             return false;
-        table->HandleFindField(FEdit, keyEvent->key(), keyEvent->modifiers());
+        VdRunGuarded(
+            FEdit, [&] { table->HandleFindField(FEdit, keyEvent->key(), keyEvent->modifiers()); });
         return true;
     }
 
@@ -289,11 +291,12 @@ void TVdTable::PopupMenu(QMenu* menu, int, int, TTableHitTest hit)
     if (!menu || hit != htTCaption)
         return;
     menu->clear();
-    QObject::connect(menu->addAction(VdResource::DeleteTableItem()), &QAction::triggered, FWorkArea,
-                     [this] { HandleRemoveTable(); });
+    TVdWorkArea* area = FWorkArea;
+    QObject::connect(menu->addAction(VdResource::DeleteTableItem()), &QAction::triggered, area,
+                     [this, area] { VdRunGuarded(area, [this] { HandleRemoveTable(); }); });
     menu->addSeparator();
-    QObject::connect(menu->addAction(VdResource::RenameTableItem()), &QAction::triggered, FWorkArea,
-                     [this] { HandleRenameTable(); });
+    QObject::connect(menu->addAction(VdResource::RenameTableItem()), &QAction::triggered, area,
+                     [this, area] { VdRunGuarded(area, [this] { HandleRenameTable(); }); });
 }
 
 } // namespace vd

@@ -11,6 +11,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <array>
 
 namespace vd {
 
@@ -69,6 +70,25 @@ void Edge(QPainter& painter, const QRect& r, TVdBorderKind kind, bool flat, cons
     }
 }
 
+enum TGlyph { gBox1, gBox2, gBox3, gBtn1, gBtn2, gBtn3, gCheck, gUncheck, gParam, gNull, gCount };
+
+// Rows look their glyphs up on every paint: the set for the last ratio is kept at hand
+// instead of going through the pixmap cache's string keys each time.
+const QPixmap& Glyph(TGlyph glyph, qreal ratio)
+{
+    static const char* const names[gCount] = {"BOX1",       "BOX2",     "BOX3",     "BTN1",
+                                              "BTN2",       "BTN3",     "CHECKBMP", "UNCHECKBMP",
+                                              "INPUTPARAM", "INPUTNULL"};
+    static std::array<QPixmap, gCount> glyphs;
+    static qreal loadedRatio = 0;
+    if (ratio != loadedRatio) {
+        for (int i = 0; i < gCount; ++i)
+            glyphs[size_t(i)] = VdImage(names[i], ratio);
+        loadedRatio = ratio;
+    }
+    return glyphs[size_t(glyph)];
+}
+
 // Black or white, whichever reads on the fill.
 QColor TextOn(const QColor& fill) { return fill.lightness() < 128 ? Qt::white : Qt::black; }
 
@@ -111,10 +131,9 @@ void TVdTable::PaintCaption(QPainter& painter, const QRect& bounds) const
     const QRect buttons = GetButtonRect().translated(-offset);
     for (int i = 0; i < 3; ++i)
         DrawButton(painter, ButtonState(i), i, buttons);
-    static const char* const boxes[3] = {"BOX1", "BOX2", "BOX3"};
     // Two pixels right of and below the square that takes the click, as it always was.
     TransparentBlt(painter, FLeft + 6 - offset.x(), FTop + 4 - offset.y(),
-                   VdImage(boxes[FFieldState], painter.device()->devicePixelRatioF()));
+                   Glyph(TGlyph(gBox1 + FFieldState), painter.device()->devicePixelRatioF()));
 }
 
 void TVdTable::PaintEdges(QPainter& painter, const QRect& bounds) const
@@ -146,7 +165,6 @@ void TVdTable::DrawButton(QPainter& painter, int state, int index, const QRect& 
 {
     if (index < 0 || index > 2)
         return;
-    static const char* const glyphs[3] = {"BTN1", "BTN2", "BTN3"};
     const int w = GlyphSize;
     const int x = rect.left() + (w + 1) * index;
     const int y = rect.top() + (rect.height() - w - 2) / 2;
@@ -167,7 +185,7 @@ void TVdTable::DrawButton(QPainter& painter, int state, int index, const QRect& 
     Frame(painter, square, first, second);
     const int shift = state == 0 ? 1 : 0;
     TransparentBlt(painter, x + 1 + shift, y + 1 + shift,
-                   VdImage(glyphs[index], painter.device()->devicePixelRatioF()));
+                   Glyph(TGlyph(gBtn1 + index), painter.device()->devicePixelRatioF()));
 }
 
 void TVdTable::PaintRows(QPainter& painter, const QRect& client)
@@ -217,10 +235,9 @@ void TVdTable::DrawItem(QPainter& painter, const TVdListItem* item, const QRect&
         fill = DropRowColor;
         filled = true;
     }
-    const char* image = item->ParamType() == ptOutput
-                            ? (item->Checked() ? "CHECKBMP" : "UNCHECKBMP")
-                            : (item->Checked() ? "INPUTPARAM" : "INPUTNULL");
-    const QPixmap check = VdImage(image, painter.device()->devicePixelRatioF());
+    const TGlyph image = item->ParamType() == ptOutput ? (item->Checked() ? gCheck : gUncheck)
+                                                       : (item->Checked() ? gParam : gNull);
+    const QPixmap& check = Glyph(image, painter.device()->devicePixelRatioF());
     const int side = int(check.width() / check.devicePixelRatio());
     TransparentBlt(painter, row.left(), row.top() + (row.height() - side) / 2, check);
     const QRect textRect = row.adjusted(FItemHeight, 0, 0, 0);

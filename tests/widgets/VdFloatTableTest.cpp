@@ -3,6 +3,7 @@
 
 #include "VdFakeHost.h"
 #include "VdShot.h"
+#include "VdSqlLines.h"
 #include "tests/core/ModelCheck.h"
 
 #include "builder/VdQtText.h"
@@ -15,17 +16,21 @@
 #include "diagram/VdLinks.h"
 
 #include <QAction>
+#include <QDir>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QTest>
+#include <QTransform>
 
 #include <gtest/gtest.h>
 
 using namespace vd;
+using vd::test::Sql;
 using vd::test::TFakeHost;
+using vd::test::ViewportPixel;
 
 namespace {
 
@@ -106,15 +111,6 @@ protected:
     TSQLVandor Vandor;
     TVdWorkArea* Area = nullptr;
 };
-
-// The builder's print: one line per entry, each ended by CR LF.
-QString Sql(std::initializer_list<const char*> lines)
-{
-    QString text;
-    for (const char* line : lines)
-        text += QString::fromLatin1(line) + QStringLiteral("\r\n");
-    return text;
-}
 
 } // namespace
 
@@ -726,12 +722,11 @@ TEST_F(VdFloatTableTest, HideSelectionHidesTheCurrentRowOfAnUnselectedTable)
     const QPoint probe = Window(
         QPoint(t->GetItemRect(t->Items(0)).right() - 3, t->GetItemRect(t->Items(0)).center().y()));
     const QColor grey(192, 192, 192);
-    EXPECT_EQ(Area->viewport()->grab().toImage().pixelColor(probe), grey)
-        << probe.x() << "," << probe.y();
+    EXPECT_EQ(ViewportPixel(*Area, probe), grey) << probe.x() << "," << probe.y();
     Vandor.SetOptions(Vandor.GetOptions() | vdoHideSelection);
-    EXPECT_NE(Area->viewport()->grab().toImage().pixelColor(probe), grey);
+    EXPECT_NE(ViewportPixel(*Area, probe), grey);
     Area->SetSelected(t);
-    EXPECT_EQ(Area->viewport()->grab().toImage().pixelColor(probe), grey);
+    EXPECT_EQ(ViewportPixel(*Area, probe), grey);
 }
 
 TEST_F(VdFloatTableTest, FieldTypesShowUnderTheOption)
@@ -743,7 +738,9 @@ TEST_F(VdFloatTableTest, FieldTypesShowUnderTheOption)
     const QImage with = Area->viewport()->grab().toImage();
     const QRect row = t->GetItemRect(t->Items(1)).translated(-Area->ScrollOffset());
     const QRect tail(row.left() + 110, row.top(), 100, row.height());
-    EXPECT_NE(without.copy(tail), with.copy(tail));
+    const qreal ratio = with.devicePixelRatio();
+    const QRect pixels = QTransform::fromScale(ratio, ratio).mapRect(tail);
+    EXPECT_NE(without.copy(pixels), with.copy(pixels));
 }
 
 TEST_F(VdFloatTableTest, CaptionColourTellsTheSelectedTable)
@@ -751,9 +748,9 @@ TEST_F(VdFloatTableTest, CaptionColourTellsTheSelectedTable)
     TVdTable* t = Add("CUSTOMER");
     const QPoint probe = Window(QPoint(t->GetCaptionRect().right() - 2, t->Top() + 3));
     Area->SetSelected(nullptr);
-    const QColor inactive = Area->viewport()->grab().toImage().pixelColor(probe);
+    const QColor inactive = ViewportPixel(*Area, probe);
     Area->SetSelected(t);
-    const QColor active = Area->viewport()->grab().toImage().pixelColor(probe);
+    const QColor active = ViewportPixel(*Area, probe);
     EXPECT_EQ(active, ColorToQColor(Vandor.GetPalette()->ActiveCaption()));
     EXPECT_EQ(inactive, ColorToQColor(Vandor.GetPalette()->InactiveCaption()));
 }
@@ -772,4 +769,99 @@ TEST_F(VdFloatTableTest, ShotOfTablesAtTheirStates)
     Area->resize(520, 340);
     const QPixmap shot = vd::test::SaveShot(*Area, QStringLiteral("table_objects"));
     ASSERT_FALSE(shot.isNull());
+}
+
+TEST_F(VdFloatTableTest, ButtonsLookPressedNormalAndHotEachTheirOwnWay)
+{
+    TVdTable* t = Add("CUSTOMER");
+    const QRect area(0, 0, 40, t->CaptionHeight() - 2);
+    auto draw = [&](int state) {
+        QImage image(area.size(), QImage::Format_ARGB32);
+        image.fill(Qt::lightGray);
+        QPainter p(&image);
+        t->DrawButton(p, state, 1, area);
+        p.end();
+        return image;
+    };
+    const QImage pressed = draw(0), normal = draw(1), hot = draw(2);
+    EXPECT_NE(pressed, normal);
+    EXPECT_NE(hot, normal);
+    EXPECT_NE(pressed, hot);
+    // Button 1's square starts 13 pixels in; pressed, its top-left frame is black.
+    const int y = (area.height() - 12 - 2) / 2;
+    EXPECT_EQ(pressed.pixelColor(13, y + 5), QColor(Qt::black));
+    EXPECT_EQ(hot.pixelColor(13, y + 5), QColor(Qt::white));
+    // Other indexes draw nothing.
+    QImage untouched(area.size(), QImage::Format_ARGB32);
+    untouched.fill(Qt::lightGray);
+    const QImage before = untouched;
+    QPainter p(&untouched);
+    t->DrawButton(p, 1, 3, area);
+    p.end();
+    EXPECT_EQ(untouched, before);
+}
+
+TEST_F(VdFloatTableTest, TheRowScrollBarFollowsTheDiagramWhenItScrolls)
+{
+    TVdTable* t = Add("ORDERS");
+    t->MoveTable(300, 300);
+    Area->SetSelected(t);
+    QScrollBar* bar = Area->RowScrollBar();
+    const QPoint before = bar->pos();
+    Area->verticalScrollBar()->setValue(40);
+    Area->horizontalScrollBar()->setValue(25);
+    EXPECT_EQ(bar->pos(), before - QPoint(25, 40));
+}
+
+TEST_F(VdFloatTableTest, CollapsingTheSelectedTableHidesItsScrollBar)
+{
+    TVdTable* t = Add("ORDERS");
+    Area->SetSelected(t);
+    EXPECT_FALSE(Area->RowScrollBar()->isHidden());
+    t->SetExpand(false);
+    EXPECT_TRUE(Area->RowScrollBar()->isHidden());
+    t->SetExpand(true);
+    EXPECT_FALSE(Area->RowScrollBar()->isHidden());
+}
+
+TEST_F(VdFloatTableTest, ShotOfEdgeKindsAndButtonStates)
+{
+    TVdObjectStyle* style = Vandor.GetStyle()->ObjectStyle();
+    style->SetFlat(false);
+    style->SetFlatButtons(false);
+    const qreal ratio = Area->viewport()->grab().devicePixelRatio();
+    QImage sheet(QSize(4 * 170, 2 * 130) * ratio, QImage::Format_ARGB32);
+    sheet.setDevicePixelRatio(ratio);
+    sheet.fill(Area->palette().color(QPalette::Base));
+    // Copies the box with a margin from the viewport's picture to a logical place on the sheet.
+    auto place = [&](TVdTable* table, const QPoint& at) {
+        const QRect box = table->GetBoundsRect().adjusted(-10, -10, 10, 10);
+        QPainter p(&sheet);
+        p.drawImage(QRectF(at, box.size()), Area->viewport()->grab().toImage(),
+                    QTransform::fromScale(ratio, ratio).mapRect(QRectF(box)));
+    };
+    TVdTable* t = Add("CUSTOMER");
+    t->SetWidth(150);
+    const TVdBorderKind kinds[] = {vdkRaised, vdkSunken, vdkEtched, vdkBump};
+    for (int i = 0; i < 4; ++i) {
+        style->SetBorderKind(kinds[i]);
+        const QImage before = Area->viewport()->grab().toImage();
+        Area->SetSelected(i % 2 ? t : nullptr);
+        place(t, QPoint(170 * i, 0));
+        if (i > 0)
+            EXPECT_NE(before, Area->viewport()->grab().toImage()) << i;
+    }
+    // Hot over the unlink button, then pressed on close.
+    Area->SetSelected(t);
+    Move(t, ButtonCentre(t, 1));
+    place(t, QPoint(0, 130));
+    Down(t, ButtonCentre(t, 2));
+    place(t, QPoint(170, 130));
+    Up(t, ButtonCentre(t, 1));
+    t->SetExpand(false);
+    place(t, QPoint(340, 130));
+    ASSERT_TRUE(QDir().mkpath(QStringLiteral(VD_SHOT_DIR)));
+    const QString suffix = ratio > 1 ? QStringLiteral("@2x") : QString();
+    EXPECT_TRUE(
+        sheet.save(QStringLiteral(VD_SHOT_DIR "/table_edges") + suffix + QStringLiteral(".png")));
 }

@@ -3,6 +3,7 @@
 
 #include "VdFakeHost.h"
 #include "VdShot.h"
+#include "VdSqlLines.h"
 #include "tests/core/ModelCheck.h"
 
 #include "builder/VdSQLVandor.h"
@@ -23,17 +24,10 @@
 #include <gtest/gtest.h>
 
 using namespace vd;
+using vd::test::Sql;
 using vd::test::TFakeHost;
 
 namespace {
-
-QString Sql(std::initializer_list<const char*> lines)
-{
-    QString text;
-    for (const char* line : lines)
-        text += QString::fromLatin1(line) + QStringLiteral("\r\n");
-    return text;
-}
 
 class VdLinkPropTest : public ::testing::Test
 {

@@ -20,6 +20,7 @@
 
 using namespace vd;
 using vd::test::TFakeHost;
+using vd::test::ViewportPixel;
 
 namespace {
 
@@ -181,7 +182,7 @@ TEST_F(VdProcTest, TheClientColourIsTheProcedureColour)
     TVdStoredProc* proc = Proc(1, Inputs(1));
     EXPECT_EQ(proc->GetClientColor(), TColor(0x00C0FFFF));
     const QPoint probe = proc->GetClientRect().bottomRight() - QPoint(3, 2) - Area->ScrollOffset();
-    EXPECT_EQ(Area->viewport()->grab().toImage().pixelColor(probe), ColorToQColor(0x00C0FFFF));
+    EXPECT_EQ(ViewportPixel(*Area, probe), ColorToQColor(0x00C0FFFF));
 }
 
 TEST_F(VdProcTest, TickingAParameterAsksTheHostThroughTheWorkArea)

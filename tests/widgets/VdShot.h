@@ -3,7 +3,10 @@
 // Screenshots of widgets for people to look at: VD_SHOT_DIR/<name>.png at 100 %, and
 // <name>@2x.png when the run is scaled (QT_SCALE_FACTOR=2), so both runs keep their pictures.
 
+#include <QAbstractScrollArea>
+#include <QColor>
 #include <QDir>
+#include <QImage>
 #include <QPixmap>
 #include <QString>
 #include <QWidget>
@@ -24,6 +27,13 @@ inline QPixmap SaveShot(QWidget& widget, const QString& name)
         !shot.save(dir + QLatin1Char('/') + name + suffix + QStringLiteral(".png")))
         return QPixmap();
     return shot;
+}
+
+// The colour the viewport of a scroll area shows at a logical point, at any scale.
+inline QColor ViewportPixel(QAbstractScrollArea& area, const QPoint& logical)
+{
+    const QImage image = area.viewport()->grab().toImage();
+    return image.pixelColor((QPointF(logical) * image.devicePixelRatio()).toPoint());
 }
 
 } // namespace vd::test

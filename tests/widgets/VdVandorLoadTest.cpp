@@ -284,5 +284,7 @@ TEST_F(VdVandorLoadTest, LoadedBuilderRendersTablesAndPages)
     // The front table's caption is painted in the active caption colour at its place.
     const TVdTable* front = Vandor.WorkArea()->Tables(0);
     const QPoint caption(front->Left() + front->Width() / 2, front->Top() + 2);
-    EXPECT_EQ(shot.pixelColor(caption), ColorToQColor(Vandor.GetPalette()->ActiveCaption()));
+    // The grab is in device pixels: twice the logical ones when the run is scaled.
+    const QPoint pixel = (QPointF(caption) * shot.devicePixelRatio()).toPoint();
+    EXPECT_EQ(shot.pixelColor(pixel), ColorToQColor(Vandor.GetPalette()->ActiveCaption()));
 }
