@@ -579,3 +579,53 @@ TEST_F(VdWorkAreaTest, AWrongParentIsRefused)
         EXPECT_STREQ(e.what(), "Given parent is not valid for WorkArea!");
     }
 }
+
+TEST_F(VdWorkAreaTest, SelectingALinkReportsItsRows)
+{
+    TVdTable* orders = Add("ORDERS");
+    TVdTable* customer = Add("CUSTOMER");
+    TVdLink* link =
+        Area->AddLink(orders, customer, orders->FindItem("CUSTNO"), customer->FindItem("CUSTNO"));
+    std::vector<QString> reports;
+    Area->OnSelectionLink = [&](QObject*, TVdTable* t1, TVdTable* t2, TVdListItem* r1,
+                                TVdListItem* r2, bool state) {
+        reports.push_back(t1->GetAlias() + QLatin1Char('.') + r1->Name() + QLatin1Char('-') +
+                          t2->GetAlias() + QLatin1Char('.') + r2->Name() +
+                          (state ? QStringLiteral(" on") : QStringLiteral(" off")));
+    };
+    const QPoint middle = (link->GetPoint(1) + link->GetPoint(2)) / 2;
+    QTest::mouseClick(Area->viewport(), Qt::LeftButton, Qt::NoModifier, middle);
+    EXPECT_EQ(Area->Selected(), link);
+    EXPECT_TRUE(link->Selected());
+    QTest::mouseClick(Area->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      QPoint(10, Area->viewport()->height() - 10));
+    EXPECT_EQ(reports, (std::vector<QString>{QStringLiteral("ORDERS.CUSTNO-CUSTOMER.CUSTNO on"),
+                                             QStringLiteral("ORDERS.CUSTNO-CUSTOMER.CUSTNO off")}));
+}
+
+TEST_F(VdWorkAreaTest, AUserPointIsDraggedWithTheMouseAndEndPointsStay)
+{
+    TVdTable* orders = Add("ORDERS");
+    TVdTable* customer = Add("CUSTOMER");
+    customer->SetTop(200);
+    TVdLink* link =
+        Area->AddLink(orders, customer, orders->FindItem("CUSTNO"), customer->FindItem("CUSTNO"));
+    const QPoint bend = (link->Points()[1] + link->Points()[2]) / 2;
+    link->InsertPoint(2, bend);
+    QWidget* view = Area->viewport();
+    const QPoint at = bend - Area->ScrollOffset();
+    Move(view, at);
+    ASSERT_EQ(Area->HitKind(), htTPoint);
+    EXPECT_EQ(view->cursor().shape(), Qt::SizeAllCursor);
+    QTest::mousePress(view, Qt::LeftButton, Qt::NoModifier, at);
+    Move(view, at + QPoint(40, -30), Qt::LeftButton);
+    QTest::mouseRelease(view, Qt::LeftButton, Qt::NoModifier, at + QPoint(40, -30));
+    EXPECT_EQ(link->Points()[2], bend + QPoint(40, -30));
+    // An end point is recorded on a press but never moves.
+    const QPoint end = link->GetPoint(0);
+    QTest::mousePress(view, Qt::LeftButton, Qt::NoModifier, end);
+    EXPECT_EQ(link->DragPoint(), 0);
+    Move(view, end + QPoint(30, 30), Qt::LeftButton);
+    QTest::mouseRelease(view, Qt::LeftButton, Qt::NoModifier, end + QPoint(30, 30));
+    EXPECT_EQ(link->GetPoint(0), end);
+}
