@@ -11,6 +11,7 @@
 #include "diagram/VdPlacement.h"
 #include "resources/VdResource.h"
 
+#include <QFontMetrics>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -93,6 +94,29 @@ void TVdWorkArea::resizeEvent(QResizeEvent* event)
 {
     QAbstractScrollArea::resizeEvent(event);
     UpdateScrollRanges();
+}
+
+void TVdWorkArea::changeEvent(QEvent* event)
+{
+    QAbstractScrollArea::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        VdRunGuarded(this, [this] { HandleSetFont(); });
+}
+
+void TVdWorkArea::HandleSetFont()
+{
+    const int fontHeight = QFontMetrics(font()).height();
+    for (const auto& table : FTables) {
+        const int rows = table->VisibleItems();
+        InvalidateContent(table->GetBoundsRect());
+        table->SetCaptionHeight(fontHeight + 4);
+        table->SetItemHeight(fontHeight);
+        table->SetHeight((table->ItemHeight() + 1) * rows + table->CaptionHeight() +
+                         TVdTable::BorderWidth + 2 * TVdTable::Margin + 1);
+        table->FitCaption();
+        InvalidateContent(table->GetBoundsRect());
+        CMResizeControl(table.get());
+    }
 }
 
 void TVdWorkArea::scrollContentsBy(int dx, int dy)

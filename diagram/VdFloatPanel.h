@@ -83,6 +83,12 @@ public:
 
     TCustomVandor* Vandor() const { return FVandor; }
 
+    // The font the tables are drawn with. Setting it resizes every table's caption and rows so
+    // that each keeps showing as many rows as before.
+    QFont GetFont() const { return font(); }
+    void SetFont(const QFont& value) { setFont(value); }
+    void HandleSetFont();
+
     // A new table object named tableName, with an alias numbered after the name when the
     // name is taken; null when the host refuses it.
     TVdTable* AddPanel(const QString& tableName, TDataSet* dataSet);
@@ -242,6 +248,7 @@ protected:
     void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
 
 private:

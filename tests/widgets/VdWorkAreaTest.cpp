@@ -629,3 +629,18 @@ TEST_F(VdWorkAreaTest, AUserPointIsDraggedWithTheMouseAndEndPointsStay)
     QTest::mouseRelease(view, Qt::LeftButton, Qt::NoModifier, end + QPoint(30, 30));
     EXPECT_EQ(link->GetPoint(0), end);
 }
+
+TEST_F(VdWorkAreaTest, ALargerFontGrowsTheTablesAndKeepsTheirRows)
+{
+    TVdTable* orders = Add("ORDERS");
+    const int rows = orders->VisibleItems();
+    const int caption = orders->CaptionHeight();
+    const int height = orders->Height();
+    QFont large = Area->GetFont();
+    large.setPointSize(large.pointSize() * 2);
+    Area->SetFont(large);
+    EXPECT_GT(orders->CaptionHeight(), caption);
+    EXPECT_GT(orders->Height(), height);
+    EXPECT_EQ(orders->VisibleItems(), rows);
+    EXPECT_LE(orders->CaptionRect(false).width(), orders->GetCaptionRect().width());
+}
