@@ -1,7 +1,7 @@
 #include "VdDemoWindow.h"
 
 #include "VdDemoBuilders.h"
-#include "VdDemoDropFilter.h"
+#include "VdForeignKeyJoins.h"
 #include "VdObjectList.h"
 #include "VdResultsPane.h"
 #include "VdSqlPane.h"
@@ -18,6 +18,7 @@
 #include <QAction>
 #include <QFileInfo>
 #include <QLabel>
+#include <QMimeData>
 #include <QSplitter>
 #include <QSqlDatabase>
 #include <QStatusBar>
@@ -84,8 +85,14 @@ QWidget* TVdDemoWindow::CreateCentre()
     FBuilder = made.Builder;
     FOptionsPanel = made.OptionsPanel;
     FBuilder->OnGetTableFields = FCatalog.Handler();
-    new TVdDemoDropFilter(FBuilder->WorkArea(),
-                          [this](const QString& name, const QPoint& at) { AddObjectAt(name, at); });
+    // The object list's drags reach the builder's drag events; the point is the builder's.
+    FBuilder->OnDragOver = [](QObject*, QObject*, const QMimeData* data, const QPoint&,
+                              bool& accept) { accept = !TVdObjectList::ObjectOf(data).isEmpty(); };
+    FBuilder->OnDragDrop = [this](QObject*, QObject*, const QMimeData* data, const QPoint& at) {
+        TVdWorkArea* area = FBuilder->WorkArea();
+        AddObjectAt(TVdObjectList::ObjectOf(data),
+                    area->viewport()->mapFrom(FBuilder, at) + area->ScrollOffset());
+    };
     centre->addWidget(FBuilder);
 
     auto* bottom = new QSplitter(Qt::Horizontal);
@@ -119,6 +126,12 @@ void TVdDemoWindow::CreateActions()
         emit FBuilder->sqlChanged();
     });
     bar->addAction(tr("Arrange"), this, [this] { ArrangeTables(); });
+    FJoinAction =
+        bar->addAction(tr("Join along foreign keys"), this, [this] { JoinAlongForeignKeys(); });
+    FJoinAction->setObjectName(QStringLiteral("joinAlongForeignKeys"));
+    FJoinAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_J));
+    FJoinAction->setShortcutContext(Qt::WindowShortcut);
+    FJoinAction->setEnabled(false);
     bar->addSeparator();
     bar->addAction(tr("Reload objects"), this, [this] {
         FCatalog.Refresh();
@@ -158,6 +171,7 @@ void TVdDemoWindow::UpdateStatus()
 
 bool TVdDemoWindow::LoadSql(const QString& text, QString* error, bool showInPane)
 {
+    OfferForeignKeyJoins(nullptr);
     const QString previous = FBuilder->GetSQL();
     try {
         FBuilder->SetSQL(text);
@@ -207,13 +221,48 @@ TVdTable* TVdDemoWindow::AddToDiagram(const QString& name)
     return FBuilder->WorkArea()->AddProc(resolved, dataSet, &inputs);
 }
 
-bool TVdDemoWindow::AddObject(const QString& name) { return AddToDiagram(name) != nullptr; }
+bool TVdDemoWindow::AddObject(const QString& name)
+{
+    TVdTable* table = AddToDiagram(name);
+    OfferForeignKeyJoins(table);
+    return table != nullptr;
+}
+
+void TVdDemoWindow::OfferForeignKeyJoins(TVdTable* table)
+{
+    // Nothing joins by itself: the user is offered the links the keys suggest.
+    FJoinTable = table;
+    const int count =
+        table ? int(ForeignKeyLinks(FCatalog, *FBuilder->WorkArea(), table).size()) : 0;
+    FJoinAction->setEnabled(count > 0);
+    if (count == 0)
+        return;
+    FJoinAction->setText(tr("Join %1 along foreign keys").arg(table->GetAlias()));
+    statusBar()->showMessage(
+        tr("%1 has %2 foreign-key link(s) to the diagram's tables: Ctrl+J draws them")
+            .arg(table->GetAlias())
+            .arg(count),
+        15000);
+}
+
+int TVdDemoWindow::JoinAlongForeignKeys()
+{
+    TVdWorkArea* area = FBuilder->WorkArea();
+    if (!FJoinAction->isEnabled() || !area->HasTable(FJoinTable))
+        return 0;
+    const int made = vd::JoinAlongForeignKeys(FCatalog, *area, FJoinTable);
+    FJoinAction->setEnabled(false);
+    FJoinAction->setText(tr("Join along foreign keys"));
+    statusBar()->showMessage(tr("%1 link(s) drawn along foreign keys").arg(made), 10000);
+    return made;
+}
 
 bool TVdDemoWindow::AddObjectAt(const QString& name, const QPoint& contentPoint)
 {
     TVdTable* table = AddToDiagram(name);
     if (!table)
         return false;
+    OfferForeignKeyJoins(table);
     table->SetLeft(qMax(0, contentPoint.x()));
     table->SetTop(qMax(0, contentPoint.y()));
     FBuilder->WorkArea()->CMResizeControl(table);

@@ -10,6 +10,7 @@
 #include <QPoint>
 #include <QString>
 
+class QAction;
 class QLabel;
 
 namespace vd {
@@ -45,6 +46,10 @@ public:
     bool RunQuery();
     // Applies the SQL pane's text to the builder.
     bool ApplySqlText();
+    // Links the table added last to the diagram's tables along the foreign keys between them,
+    // as the toolbar's "Join along foreign keys" does; returns how many links were drawn.
+    int JoinAlongForeignKeys();
+    QAction* JoinAction() const { return FJoinAction; }
     // Sets the diagram's tables side by side in FROM order, each wide enough for its caption.
     void ArrangeTables();
     // The builder's sheet: 0 criteria, 1 selection, 2 grouping criteria, 3 sorting.
@@ -59,6 +64,8 @@ public:
 
 private:
     TVdTable* AddToDiagram(const QString& name);
+    // Enables the join action when the keys suggest links for table (null: none).
+    void OfferForeignKeyJoins(TVdTable* table);
     void CreateActions();
     QWidget* CreateCentre();
     void FollowBuilder();
@@ -74,6 +81,9 @@ private:
     TVdSqlPane* FSqlPane = nullptr;
     TVdResultsPane* FResults = nullptr;
     QLabel* FTableCount = nullptr;
+    QAction* FJoinAction = nullptr;
+    // The table the join action would link; checked against the diagram before use.
+    TVdTable* FJoinTable = nullptr;
     // Set while the builder is reloaded from the pane, so that the pane keeps what was typed.
     bool FApplying = false;
 };

@@ -97,4 +97,12 @@ QMimeData* TVdObjectList::ObjectMimeData(const QString& name)
     return data;
 }
 
+QString TVdObjectList::ObjectOf(const QMimeData* data)
+{
+    const QString type = QString::fromLatin1(ObjectMimeType);
+    if (!data || !data->hasFormat(type))
+        return QString();
+    return QString::fromUtf8(data->data(type));
+}
+
 } // namespace vd

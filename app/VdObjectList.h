@@ -25,6 +25,8 @@ public:
     static QString ObjectName(const QTreeWidgetItem* item);
     // What a drag of the object carries; the caller owns it.
     static QMimeData* ObjectMimeData(const QString& name);
+    // The object a drag carries; empty when it carries none.
+    static QString ObjectOf(const QMimeData* data);
 
 signals:
     void addRequested(const QString& name);

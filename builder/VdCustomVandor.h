@@ -28,6 +28,7 @@
 #include <QIcon>
 #include <QList>
 #include <QMetaType>
+#include <QPoint>
 #include <QString>
 #include <QStringList>
 #include <QWidget>
@@ -35,6 +36,7 @@
 #include <functional>
 #include <memory>
 
+class QMimeData;
 class QSplitter;
 
 namespace vd {
@@ -61,6 +63,13 @@ using TAddRemoveLinkEvent =
     std::function<void(QObject* Sender, TVdLink* Link, TVdAction Action, bool& Accept)>;
 using TEnterProcParameter =
     std::function<void(QObject* Sender, TVdTable* SProcedure, TVdListItem* ListItem)>;
+
+// Something other than a field of the diagram is dragged over the diagram (At in the builder's
+// coordinates); Accept starts false. A drop of it follows as OnDragDrop.
+using TVdDragOverEvent = std::function<void(QObject* Sender, QObject* Source, const QMimeData* Data,
+                                            const QPoint& At, bool& Accept)>;
+using TVdDragDropEvent =
+    std::function<void(QObject* Sender, QObject* Source, const QMimeData* Data, const QPoint& At)>;
 
 // The views a palette or style change repaints.
 enum TVdRepaintTarget : unsigned { vdrWorkArea = 0x1, vdrCriteriaPanels = 0x2 };
@@ -189,6 +198,8 @@ public:
     TAddRemoveTableEvent OnAddRemoveTable;
     TAddRemoveLinkEvent OnAddRemoveLink;
     TEnterProcParameter OnEnterProcParameter;
+    TVdDragOverEvent OnDragOver;
+    TVdDragDropEvent OnDragDrop;
 
     bool DesignMode() const { return FDesignMode; }
     bool IsConstructed() const { return FConstructed; }

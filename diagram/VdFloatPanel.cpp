@@ -8,16 +8,21 @@
 #include "diagram/VdFloatTable.h"
 #include "diagram/VdLinkProp.h"
 #include "diagram/VdLinks.h"
+#include "diagram/VdPlacement.h"
 #include "resources/VdResource.h"
 
+#include <QFontMetrics>
+#include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
-#include <QMouseEvent>
-#include <QPainter>
+#include <QMenu>
 #include <QScrollBar>
 
 #include <algorithm>
 
 namespace vd {
+
+const char* const TVdWorkArea::FieldMimeType = "application/x-vandor-field";
 
 TVdWorkArea::TVdWorkArea(QWidget* owner) : QAbstractScrollArea(owner)
 {
@@ -27,7 +32,25 @@ TVdWorkArea::TVdWorkArea(QWidget* owner) : QAbstractScrollArea(owner)
     setFrameShape(QFrame::NoFrame);
     viewport()->setBackgroundRole(QPalette::Base);
     viewport()->setAutoFillBackground(true);
+    viewport()->setMouseTracking(true);
+    viewport()->setAcceptDrops(true);
     setFocusPolicy(Qt::StrongFocus);
+    // The platform's own tooltips would fight the hint window.
+    setAttribute(Qt::WA_AlwaysShowToolTips, false);
+
+    FHintWindow = new QLabel(this, Qt::ToolTip);
+    FHintWindow->setForegroundRole(QPalette::ToolTipText);
+    FHintWindow->setBackgroundRole(QPalette::ToolTipBase);
+    FHintWindow->setAutoFillBackground(true);
+    FHintWindow->setFrameShape(QFrame::Box);
+    FHintWindow->setMargin(2);
+    FHintWindow->setWordWrap(true);
+    FHintWindow->hide();
+
+    // Committing a new alias is ours; the table shows the edit over its caption.
+    AliasEdit()->installEventFilter(this);
+
+    FMenu = new QMenu(this);
     UpdateScrollRanges();
 }
 
@@ -37,6 +60,7 @@ TVdWorkArea::~TVdWorkArea()
     FLinks.clear();
     FJoins.clear();
     FTables.clear();
+    FClosed.clear();
 }
 
 QPoint TVdWorkArea::ScrollOffset() const
@@ -49,12 +73,21 @@ void TVdWorkArea::InvalidateContent(const QRect& rect)
     viewport()->update(rect.translated(-ScrollOffset()).adjusted(-1, -1, 1, 1));
 }
 
+void TVdWorkArea::InvalidateRegion(const QRegion& contentRegion)
+{
+    viewport()->update(contentRegion.translated(-ScrollOffset()));
+}
+
+QColor TVdWorkArea::LinkColor() const { return viewport()->palette().color(QPalette::Text); }
+
 void TVdWorkArea::UpdateScrollRanges()
 {
     horizontalScrollBar()->setRange(0, std::max(0, Extent - viewport()->width()));
     horizontalScrollBar()->setPageStep(viewport()->width());
+    horizontalScrollBar()->setSingleStep(20);
     verticalScrollBar()->setRange(0, std::max(0, Extent - viewport()->height()));
     verticalScrollBar()->setPageStep(viewport()->height());
+    verticalScrollBar()->setSingleStep(20);
 }
 
 void TVdWorkArea::resizeEvent(QResizeEvent* event)
@@ -63,7 +96,47 @@ void TVdWorkArea::resizeEvent(QResizeEvent* event)
     UpdateScrollRanges();
 }
 
-void TVdWorkArea::scrollContentsBy(int, int) { viewport()->update(); }
+void TVdWorkArea::changeEvent(QEvent* event)
+{
+    QAbstractScrollArea::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        VdRunGuarded(this, [this] { HandleSetFont(); });
+}
+
+void TVdWorkArea::HandleSetFont()
+{
+    const int fontHeight = QFontMetrics(font()).height();
+    for (const auto& table : FTables) {
+        const int rows = table->VisibleItems();
+        InvalidateContent(table->GetBoundsRect());
+        table->SetCaptionHeight(fontHeight + 4);
+        table->SetItemHeight(fontHeight);
+        table->SetHeight((table->ItemHeight() + 1) * rows + table->CaptionHeight() +
+                         TVdTable::BorderWidth + 2 * TVdTable::Margin + 1);
+        table->FitCaption();
+        InvalidateContent(table->GetBoundsRect());
+        CMResizeControl(table.get());
+    }
+}
+
+void TVdWorkArea::scrollContentsBy(int dx, int dy)
+{
+    viewport()->scroll(dx, dy);
+    if (FAliasEdit && FAliasEdit->isVisible())
+        FAliasEdit->move(FAliasEdit->pos() + QPoint(dx, dy));
+}
+
+void TVdWorkArea::ShowPanel(TVdTable* table)
+{
+    if (!table)
+        return;
+    const QRect bounds = table->GetBoundsRect();
+    const QRect view(ScrollOffset(), viewport()->size());
+    if (view.contains(bounds.topLeft()))
+        return;
+    horizontalScrollBar()->setValue(std::max(0, bounds.left() - 20));
+    verticalScrollBar()->setValue(std::max(0, bounds.top() - 20));
+}
 
 // ---- Tables ----
 
@@ -84,20 +157,15 @@ QString TVdWorkArea::UniqueAlias(const QString& name, bool& numbered) const
     return candidate;
 }
 
-void TVdWorkArea::PlaceTable(TVdTable& table) const
+void TVdWorkArea::PlaceNewTable(TVdTable& table) const
 {
-    QRect candidate(50, 20, table.Width(), table.Height());
-    for (size_t i = 0; i < FTables.size();) {
-        const QRect bounds = FTables[i]->GetBoundsRect();
-        if (candidate.intersects(bounds)) {
-            candidate.moveLeft(bounds.left() + bounds.width() + 10);
-            i = 0;
-            continue;
-        }
-        ++i;
-    }
-    table.SetLeft(candidate.left());
-    table.SetTop(candidate.top());
+    std::vector<QRect> placed;
+    placed.reserve(FTables.size());
+    for (const auto& other : FTables)
+        placed.push_back(other->GetBoundsRect());
+    const QPoint at = PlaceTable(placed, table.GetBoundsRect().size());
+    table.SetLeft(at.x());
+    table.SetTop(at.y());
 }
 
 template <class Table, class... Args>
@@ -112,13 +180,13 @@ TVdTable* TVdWorkArea::AddObject(const QString& name, Args&&... args)
     if (!FVandor->DoAddRemoveTable(table.get(), vdaAdd))
         return nullptr;
     table->FitCaption();
-    PlaceTable(*table);
+    PlaceNewTable(*table);
     TVdTable* added = table.get();
     FTables.insert(FTables.begin(), std::move(table));
     if (OnAddTable)
         OnAddTable(this, added);
     SetSelected(added);
-    viewport()->update();
+    InvalidateContent(added->GetBoundsRect());
     return added;
 }
 
@@ -140,19 +208,42 @@ TVdTable* TVdWorkArea::GetTable(const QString& name) const
     return nullptr;
 }
 
+void TVdWorkArea::InvalidateObject(TVdFloatObject* object)
+{
+    if (auto* table = dynamic_cast<TVdTable*>(object))
+        InvalidateContent(table->GetBoundsRect());
+    else if (auto* link = dynamic_cast<TVdLink*>(object))
+        InvalidateRegion(link->GetClipRgn());
+}
+
 void TVdWorkArea::SetSelected(TVdFloatObject* object)
 {
     if (FSelected == object)
         return;
-    if (FSelected)
-        FSelected->SetSelect(false);
+    if (FSelected) {
+        TVdFloatObject* previous = FSelected;
+        FSelected = nullptr;
+        previous->SetSelect(false);
+        InvalidateObject(previous);
+        if (auto* link = dynamic_cast<TVdLink*>(previous))
+            SelectLink(link->Row1(), link->Row2(), false);
+    }
     FSelected = object;
-    if (FSelected)
+    if (FSelected) {
         FSelected->SetSelect(true);
-    viewport()->update();
+        InvalidateObject(FSelected);
+        if (auto* link = dynamic_cast<TVdLink*>(FSelected))
+            SelectLink(link->Row1(), link->Row2(), true);
+    }
 }
 
 void TVdWorkArea::ClearSelection() { SetSelected(nullptr); }
+
+void TVdWorkArea::SelectLink(TVdListItem* firstRow, TVdListItem* secondRow, bool state)
+{
+    if (OnSelectionLink && firstRow && secondRow)
+        OnSelectionLink(this, firstRow->Table(), secondRow->Table(), firstRow, secondRow, state);
+}
 
 void TVdWorkArea::TableToFront(TVdFloatObject* object)
 {
@@ -161,17 +252,32 @@ void TVdWorkArea::TableToFront(TVdFloatObject* object)
     if (it == FTables.end() || it == FTables.begin())
         return;
     std::rotate(FTables.begin(), it, it + 1);
-    viewport()->update();
+    InvalidateContent(FTables.front()->GetBoundsRect());
 }
 
 void TVdWorkArea::ClearContents()
 {
+    HideHint();
+    StopRowScroll();
+    FAliasTable = nullptr;
+    FAliasEdit->hide();
     FHitObject = nullptr;
     FSelected = nullptr;
-    FMoving = false;
+    FDragTarget = nullptr;
+    FDropTable = nullptr;
+    FDropHighlightRow = nullptr;
+    FFieldDragTable = nullptr;
+    FRowScrollTable = nullptr;
+    FFindTable = nullptr;
+    if (FRowScrollBar)
+        FRowScrollBar->hide();
+    if (FFindEdit)
+        FFindEdit->hide();
+    FPressHit = htTOutSide;
     FLinks.clear();
     FJoins.clear();
     FTables.clear();
+    FClosed.clear();
     viewport()->update();
 }
 
@@ -187,6 +293,8 @@ void TVdWorkArea::DoEnterParameter(TVdTable* table, TVdListItem* row)
         FVandor->OnEnterProcParameter(FVandor, table, row);
 }
 
+// ---- Notifications ----
+
 void TVdWorkArea::CMCloseTable(TVdTable* table)
 {
     auto it = std::find_if(FTables.begin(), FTables.end(),
@@ -194,21 +302,49 @@ void TVdWorkArea::CMCloseTable(TVdTable* table)
     if (it == FTables.end())
         return;
     if (!FVandor->DoAddRemoveTable(table, vdaRemove)) {
-        (*it)->SetClosing(false);
+        table->SetClosing(false);
         return;
     }
     CMUnlinkTable(table);
     if (FHitObject == table)
         FHitObject = nullptr;
     if (FSelected == table) {
-        table->SetSelect(false);
         FSelected = nullptr;
+        table->SetSelect(false);
     }
+    if (FAliasTable == table) {
+        FAliasTable = nullptr;
+        FAliasEdit->hide();
+    }
+    // The shared editors let go now, not when the object is finally freed.
+    if (FFindTable == table) {
+        FFindTable = nullptr;
+        FindEdit()->hide();
+    }
+    if (FRowScrollTable == table) {
+        FRowScrollTable = nullptr;
+        RowScrollBar()->hide();
+    }
+    if (FFieldDragTable == table)
+        FFieldDragTable = nullptr;
+    if (FDropTable == table) {
+        FDropTable = nullptr;
+        FDropHighlightRow = nullptr;
+        FDragTarget = nullptr;
+    }
+    InvalidateContent(table->GetBoundsRect());
+    // The list may have changed while the host was asked.
+    it = std::find_if(FTables.begin(), FTables.end(),
+                      [table](const auto& t) { return t.get() == table; });
     std::unique_ptr<TVdTable> owned = std::move(*it);
     FTables.erase(it);
+    for (const auto& join : FJoins)
+        join->ForgetTable(table);
     if (OnRemoveTable)
         OnRemoveTable(this, owned.get());
-    viewport()->update();
+    FClosed.push_back(std::move(owned));
+    QMetaObject::invokeMethod(
+        this, [this] { FClosed.clear(); }, Qt::QueuedConnection);
 }
 
 void TVdWorkArea::CMUnlinkTable(TVdTable* table)
@@ -222,22 +358,81 @@ void TVdWorkArea::CMUnlinkTable(TVdTable* table)
 
 void TVdWorkArea::CMDeleteLink(TVdLink* link)
 {
+    if (!FVandor->DoAddRemoveLink(link, vdaRemove))
+        return;
     for (size_t i = 0; i < FLinks.size(); ++i)
         if (FLinks[i].get() == link) {
-            if (FVandor->DoAddRemoveLink(link, vdaRemove))
-                RemoveLink(link, int(i), true);
+            RemoveLink(link, int(i), true);
             return;
         }
 }
 
-void TVdWorkArea::CMResizeControl(TVdTable* table)
+void TVdWorkArea::RerouteLinks(TVdTable* table, bool moved)
 {
     for (const auto& link : FLinks) {
         TVdJoin* join = link->Join();
-        if (join->GetTable(0) == table || join->GetTable(1) == table)
-            link->SetBoundaryRect();
+        const bool first = join->GetTable(0) == table;
+        if (!first && join->GetTable(1) != table)
+            continue;
+        // A moved table changes only the part of a bent link that reaches it.
+        const TVdLinkPart part = !moved ? vdlpWhole : first ? vdlpStart : vdlpEnd;
+        InvalidateRegion(link->GetClipRgn(part));
+        link->SetBoundaryRect();
+        InvalidateRegion(link->GetClipRgn(part));
     }
-    viewport()->update();
+}
+
+void TVdWorkArea::CMResizeControl(TVdTable* table) { RerouteLinks(table, false); }
+
+void TVdWorkArea::PostCloseTable(TVdTable* table)
+{
+    QMetaObject::invokeMethod(
+        this,
+        [this, table] {
+            for (const auto& own : FTables)
+                if (own.get() == table) {
+                    VdRunGuarded(this, [&] { CMCloseTable(table); });
+                    return;
+                }
+        },
+        Qt::QueuedConnection);
+}
+
+void TVdWorkArea::PostUnlinkTable(TVdTable* table)
+{
+    QMetaObject::invokeMethod(
+        this,
+        [this, table] {
+            for (const auto& own : FTables)
+                if (own.get() == table) {
+                    VdRunGuarded(this, [&] { CMUnlinkTable(table); });
+                    return;
+                }
+        },
+        Qt::QueuedConnection);
+}
+
+void TVdWorkArea::PostDeleteLink(TVdLink* link)
+{
+    // By serial: the address may belong to another link by the time this runs.
+    const std::uint64_t serial = link->Serial();
+    QMetaObject::invokeMethod(
+        this,
+        [this, serial] {
+            for (const auto& own : FLinks)
+                if (own->Serial() == serial) {
+                    TVdLink* found = own.get();
+                    VdRunGuarded(this, [&] { CMDeleteLink(found); });
+                    return;
+                }
+        },
+        Qt::QueuedConnection);
+}
+
+bool TVdWorkArea::ShowLinkProperties(TVdLink* link)
+{
+    // Modal: the dialog writes the join kind of every link of the pair and the comparison.
+    return ::vd::ShowLinkProperties(link);
 }
 
 // ---- Links ----
@@ -287,13 +482,19 @@ void TVdWorkArea::AddJoinDef(TVdLink& link)
     const std::string field = ToStdString(link.Row1()->Name());
     const std::string joinTable = ToStdString(link.Join()->GetTable(1)->GetAlias());
     const std::string joinField = ToStdString(link.Row2()->Name());
-    if (def->JoinDefs().Find(field, joinTable, joinField))
+    if (const TVdJoinDef* found = def->JoinDefs().Find(field, joinTable, joinField)) {
+        // A loaded join keeps its comparison; the link shows it.
+        for (int i = 0; i < 6; ++i)
+            if (ToStdString(TVdLink::ConditionText(i)) == found->Operation)
+                link.Condition = i;
         return;
+    }
     TVdJoinDef* join = def->JoinDefs().Add();
     join->FieldName = field;
     join->JoinTable = joinTable;
     join->JoinField = joinField;
     join->JoinKind = link.Join()->JoinKind;
+    join->Operation = ToStdString(TVdLink::ConditionText(link.Condition));
 }
 
 void TVdWorkArea::DeleteJoinDef(TVdLink& link)
@@ -308,6 +509,18 @@ void TVdWorkArea::DeleteJoinDef(TVdLink& link)
         def->JoinDefs().Delete(join->Index());
 }
 
+void TVdWorkArea::DropJoin(TVdJoin* join)
+{
+    const bool used = std::any_of(FLinks.begin(), FLinks.end(),
+                                  [join](const auto& l) { return l->Join() == join; });
+    if (used)
+        return;
+    auto it = std::find_if(FJoins.begin(), FJoins.end(),
+                           [join](const auto& j) { return j.get() == join; });
+    if (it != FJoins.end())
+        FJoins.erase(it);
+}
+
 TVdLink* TVdWorkArea::AddLink(TVdFloatObject* object1, TVdFloatObject* object2,
                               TVdListItem* targetRow, TVdListItem* sourceRow)
 {
@@ -317,29 +530,24 @@ TVdLink* TVdWorkArea::AddLink(TVdFloatObject* object1, TVdFloatObject* object2,
         return nullptr;
     bool reversed = false;
     TVdJoin* join = FindJoin(table1, table2, reversed);
-    std::unique_ptr<TVdJoin> created;
     if (!join) {
-        created = std::make_unique<TVdJoin>(this, table1, table2);
-        join = created.get();
-        FJoins.push_back(std::move(created));
+        FJoins.push_back(std::make_unique<TVdJoin>(this, table1, table2));
+        join = FJoins.back().get();
     }
     if (reversed)
         std::swap(targetRow, sourceRow);
     auto link = std::make_unique<TVdLink>(this, join, targetRow, sourceRow);
     if (!FVandor->DoAddRemoveLink(link.get(), vdaAdd)) {
-        const bool used = std::any_of(FLinks.begin(), FLinks.end(),
-                                      [join](const auto& l) { return l->Join() == join; });
-        if (!used)
-            FJoins.erase(std::find_if(FJoins.begin(), FJoins.end(),
-                                      [join](const auto& j) { return j.get() == join; }));
+        link.reset();
+        DropJoin(join);
         return nullptr;
     }
     TVdLink* added = link.get();
     FLinks.push_back(std::move(link));
     AddJoinDef(*added);
+    InvalidateRegion(added->GetClipRgn());
     if (OnAddLink)
         OnAddLink(this, added);
-    viewport()->update();
     return added;
 }
 
@@ -350,11 +558,11 @@ void TVdWorkArea::RemoveLink(TVdLink* link, int index, bool notify)
     if (FHitObject == link)
         FHitObject = nullptr;
     if (FSelected == link) {
-        link->SetSelect(false);
         FSelected = nullptr;
+        link->SetSelect(false);
     }
     if (notify)
-        InvalidateContent(link->GetBounds());
+        InvalidateRegion(link->GetClipRgn());
     DeleteJoinDef(*link);
     std::unique_ptr<TVdLink> owned = std::move(FLinks[size_t(index)]);
     FLinks.erase(FLinks.begin() + index);
@@ -362,78 +570,66 @@ void TVdWorkArea::RemoveLink(TVdLink* link, int index, bool notify)
         OnRemoveLink(this, owned.get());
     TVdJoin* join = owned->Join();
     owned.reset();
-    const bool used = std::any_of(FLinks.begin(), FLinks.end(),
-                                  [join](const auto& l) { return l->Join() == join; });
-    if (!used)
-        FJoins.erase(std::find_if(FJoins.begin(), FJoins.end(),
-                                  [join](const auto& j) { return j.get() == join; }));
+    DropJoin(join);
 }
 
-// ---- Painting and the mouse ----
+// ---- Alias editing ----
 
-void TVdWorkArea::paintEvent(QPaintEvent*)
+void TVdWorkArea::EditAlias(TVdTable* table)
 {
-    QPainter painter(viewport());
-    painter.setRenderHint(QPainter::Antialiasing, false);
-    // Links first, so that they pass behind every table; then the tables, back to front.
-    for (const auto& link : FLinks)
-        link->Paint(painter);
-    for (auto it = FTables.rbegin(); it != FTables.rend(); ++it)
-        (*it)->Paint(painter);
+    if (!table)
+        return;
+    table->HandleRenameTable();
+    FAliasTable = table;
 }
 
-TVdFloatObject* TVdWorkArea::ObjectAt(const QPoint& point, int& hit) const
+bool TVdWorkArea::eventFilter(QObject* watched, QEvent* event)
 {
-    for (const auto& table : FTables) {
-        hit = table->HitTest(point);
-        if (hit != htTOutSide)
-            return table.get();
+    if (watched != FAliasEdit)
+        return QAbstractScrollArea::eventFilter(watched, event);
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Escape) {
+            FAliasTable = nullptr;
+            FAliasEdit->hide();
+            return true;
+        }
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            VdRunGuarded(this, [this] { HandleEditNameKillFocus(); });
+            return true;
+        }
+    } else if (event->type() == QEvent::FocusOut && !FAliasEdit->isHidden()) {
+        VdRunGuarded(this, [this] { HandleEditNameKillFocus(); });
     }
-    for (const auto& link : FLinks) {
-        hit = link->HitTest(point);
-        if (hit != htTOutSide)
-            return link.get();
-    }
-    hit = htTOutSide;
-    return nullptr;
+    return false;
 }
 
-void TVdWorkArea::mousePressEvent(QMouseEvent* event)
+void TVdWorkArea::HandleEditNameKillFocus()
 {
-    // A refusal raised by an object (or by the host through an event) ends here, shown.
-    VdRunGuarded(this, [&] { MouseDownAt(event); });
+    // The edit belongs to the table being renamed, which renaming selected.
+    TVdTable* table = HasTable(FAliasTable) ? FAliasTable : dynamic_cast<TVdTable*>(FSelected);
+    const bool pending = !FAliasEdit->isHidden();
+    FAliasTable = nullptr;
+    FAliasEdit->hide();
+    if (table && pending)
+        CommitAlias(table, FAliasEdit->text());
 }
 
-void TVdWorkArea::MouseDownAt(QMouseEvent* event)
+void TVdWorkArea::CommitAlias(TVdTable* table, const QString& text)
 {
-    if (event->button() != Qt::LeftButton)
-        return;
-    setFocus();
-    int hit = htTOutSide;
-    FHitObject = ObjectAt(event->position().toPoint(), hit);
-    SetSelected(FHitObject);
-    if (!FHitObject)
-        return;
-    auto* table = dynamic_cast<TVdTable*>(FHitObject);
-    FMoving = table && hit == htTCaption;
-    if (FMoving)
-        FGrabPoint =
-            event->position().toPoint() + ScrollOffset() - QPoint(table->Left(), table->Top());
-    FHitObject->MouseDown(event, TTableHitTest(hit));
+    for (const auto& other : FTables)
+        if (other.get() != table && other->GetAlias() == text)
+            throw EVdError(ToStdString(VdResource::TableAliasExists(text)));
+    QString alias = text == table->TableName() ? QString() : text;
+    alias.remove(QLatin1Char('.'));
+    const QString oldAlias = table->Alias();
+    InvalidateContent(table->GetBoundsRect());
+    table->SetAlias(alias);
+    InvalidateContent(table->GetBoundsRect());
+    CMResizeControl(table);
+    if (OnChangeAlias)
+        OnChangeAlias(table, oldAlias);
 }
-
-void TVdWorkArea::mouseMoveEvent(QMouseEvent* event)
-{
-    auto* table = dynamic_cast<TVdTable*>(FSelected);
-    if (!FMoving || !table || !(event->buttons() & Qt::LeftButton))
-        return;
-    const QPoint p = event->position().toPoint() + ScrollOffset() - FGrabPoint;
-    const QRect bounds = table->GetBoundsRect();
-    table->SetLeft(std::clamp(p.x(), 0, Extent - bounds.width()));
-    table->SetTop(std::clamp(p.y(), 0, Extent - bounds.height()));
-}
-
-void TVdWorkArea::mouseReleaseEvent(QMouseEvent*) { FMoving = false; }
 
 // ---- Facilities the table objects use ----
 
@@ -497,9 +693,7 @@ QLineEdit* TVdWorkArea::AliasEdit()
     return FAliasEdit;
 }
 
-void TVdWorkArea::StartFieldDrag(TVdTable* table) { FFieldDragTable = table; }
-
-void TVdWorkArea::CMMoveControl(TVdTable* table) { CMResizeControl(table); }
+void TVdWorkArea::CMMoveControl(TVdTable* table) { RerouteLinks(table, true); }
 
 bool TVdWorkArea::HasTable(const TVdTable* table) const
 {

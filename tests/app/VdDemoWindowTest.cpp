@@ -3,7 +3,6 @@
 
 #include "VdDemoWindow.h"
 #include "VdDemoBuilders.h"
-#include "VdDemoDropFilter.h"
 #include "VdDemoFixture.h"
 #include "VdObjectList.h"
 #include "VdResultsPane.h"
@@ -15,10 +14,12 @@
 #include "core/VdSelectParser.h"
 #include "diagram/VdFloatPanel.h"
 #include "diagram/VdFloatTable.h"
+#include "diagram/VdLinks.h"
 #include "dialects/VdIBWindow.h"
 #include "dialects/VdMyWindow.h"
 #include "dialects/VdOptionsPanel.h"
 
+#include <QAction>
 #include <QDir>
 #include <QDropEvent>
 #include <QFile>
@@ -159,7 +160,7 @@ TEST_F(VdDemoWindowTest, ADropOnTheDiagramAddsTheObjectWhereItFell)
     const std::unique_ptr<QMimeData> owned(
         TVdObjectList::ObjectMimeData(QStringLiteral("PRODUCTS")));
     QMimeData* data = owned.get();
-    EXPECT_EQ(TVdDemoDropFilter::ObjectOf(data), QStringLiteral("PRODUCTS"));
+    EXPECT_EQ(TVdObjectList::ObjectOf(data), QStringLiteral("PRODUCTS"));
     // Qt delivers drag events only to visible widgets.
     Window->show();
     QWidget* viewport = Area()->viewport();
@@ -265,4 +266,31 @@ TEST(VdDemoBuilders, EachDialectGetsItsBuilder)
         CreateDemoBuilder(QStringLiteral("generic"), TVdSqlEngine::PostgreSQL, nullptr);
     std::unique_ptr<TCustomVandor> generic(pg.Builder);
     EXPECT_FALSE(generic->GetQuoteIdentifiers());
+}
+
+TEST_F(VdDemoWindowTest, ANewTableIsOfferedItsForeignKeyJoinsAndNothingJoinsByItself)
+{
+    ASSERT_TRUE(Window->AddObject(QStringLiteral("CUSTOMERS")));
+    EXPECT_FALSE(Window->JoinAction()->isEnabled());
+    ASSERT_TRUE(Window->AddObject(QStringLiteral("ORDERS")));
+    EXPECT_EQ(Area()->LinksCount(), 0);
+    ASSERT_TRUE(Window->JoinAction()->isEnabled());
+    EXPECT_EQ(Window->JoinAction()->text(), QStringLiteral("Join ORDERS along foreign keys"));
+    EXPECT_EQ(Window->JoinAlongForeignKeys(), 1);
+    EXPECT_FALSE(Window->JoinAction()->isEnabled());
+    // A third table, joined through the toolbar's action: a three-table query without a line
+    // drawn by hand.
+    ASSERT_TRUE(Window->AddObject(QStringLiteral("ORDER_LINES")));
+    Window->JoinAction()->trigger();
+    ASSERT_EQ(Area()->LinksCount(), 2);
+    EXPECT_EQ(Area()->Links(0)->GetHint(), QStringLiteral("ORDERS.CUSTOMER_ID=CUSTOMERS.ID"));
+    EXPECT_EQ(Area()->Links(1)->GetHint(), QStringLiteral("ORDER_LINES.ORDER_ID=ORDERS.ID"));
+    EXPECT_EQ(Window->Builder()->GetSQL(),
+              QStringLiteral("SELECT *\r\n"
+                             "FROM\r\n"
+                             "  \"ORDER_LINES\" \r\n"
+                             "  INNER JOIN \"ORDERS\" ON (\"ORDER_LINES\".\"ORDER_ID\" = "
+                             "\"ORDERS\".\"ID\") \r\n"
+                             "  INNER JOIN \"CUSTOMERS\" ON (\"ORDERS\".\"CUSTOMER_ID\" = "
+                             "\"CUSTOMERS\".\"ID\")\r\n"));
 }
