@@ -386,26 +386,23 @@ void TVdWorkArea::CMResizeControl(TVdTable* table) { RerouteLinks(table, false);
 
 void TVdWorkArea::PostCloseTable(TVdTable* table)
 {
-    QMetaObject::invokeMethod(
-        this,
-        [this, table] {
-            for (const auto& own : FTables)
-                if (own.get() == table) {
-                    VdRunGuarded(this, [&] { CMCloseTable(table); });
-                    return;
-                }
-        },
-        Qt::QueuedConnection);
+    PostTableCommand(table, &TVdWorkArea::CMCloseTable);
 }
 
 void TVdWorkArea::PostUnlinkTable(TVdTable* table)
 {
+    PostTableCommand(table, &TVdWorkArea::CMUnlinkTable);
+}
+
+// The command runs once the event loop is back, and only if the table is still there.
+void TVdWorkArea::PostTableCommand(TVdTable* table, void (TVdWorkArea::*command)(TVdTable*))
+{
     QMetaObject::invokeMethod(
         this,
-        [this, table] {
+        [this, table, command] {
             for (const auto& own : FTables)
                 if (own.get() == table) {
-                    VdRunGuarded(this, [&] { CMUnlinkTable(table); });
+                    VdRunGuarded(this, [&] { (this->*command)(table); });
                     return;
                 }
         },

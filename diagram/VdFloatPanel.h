@@ -252,6 +252,7 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
 
 private:
+    void PostTableCommand(TVdTable* table, void (TVdWorkArea::*command)(TVdTable*));
     template <class Table, class... Args> TVdTable* AddObject(const QString& name, Args&&... args);
     QString UniqueAlias(const QString& name, bool& numbered) const;
     void PlaceNewTable(TVdTable& table) const;
