@@ -167,9 +167,11 @@ public:
     std::string RawToken() const;
 
     // Everything GetTokenPlus saves, for parsers that look further ahead.
+    // The token is kept as where its text stands in the expression (it always is a piece of
+    // it), so that saving and restoring copy no text.
     struct TState {
         int Position, Level, LineNo, LinePos, SpaceCount, TokenStart, TokenEnd;
-        std::string Token;
+        int TokenAt, TokenSize;
         bool InString, EmptyStringPending, TokenQuoted;
         char QuoteChar, TokenQuote, OpenQuote;
         int QuoteStart;
@@ -198,11 +200,15 @@ private:
         ccComparison = 64,
         ccLegal = 128,
         ccLevelUp = 256,
-        ccLevelDown = 512
+        ccLevelDown = 512,
+        // Derived from the classes above, for the word loop: a character that can open a plain
+        // word, and one that ends it.
+        ccWordStart = 1024,
+        ccWordStop = 2048
     };
     void EnsureCharClasses();
     void SkipBlankRun();
-    bool ScanPlainToken(std::string& result);
+    bool ScanPlainToken();
     bool Has(char c, std::uint16_t cls) const
     {
         return FClasses[static_cast<unsigned char>(c)] & cls;
@@ -229,6 +235,8 @@ private:
     char FTokenQuote = '\0';
     char FOpenQuote = '\0';
     int FQuoteStart = 0;
+    // Where the text of FToken starts in FExpression (0-based).
+    int FTokenAt = 0;
     std::uint16_t FClasses[256] = {};
     std::string FBuffer;
     bool FClassesValid = false;
