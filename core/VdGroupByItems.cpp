@@ -6,7 +6,7 @@
 #include "core/VdTableDef.h"
 #include "core/VdText.h"
 
-#include <unordered_map>
+#include <utility>
 
 namespace vd {
 
@@ -88,25 +88,28 @@ TVdGroupByItems::DerivedLines(const std::vector<const TVdFieldDef*>& derived) co
 
 namespace {
 
-// The derived fields under every spelling a GROUP BY item may name them by, so that each
-// kept item is looked up once rather than compared with every field.
+// The derived fields under every spelling a GROUP BY item may name them by. A statement groups
+// by a handful of columns, so the spellings are kept in flat lists and searched in order: no
+// node per key, and a probe costs a few string compares.
 class TDerivedIndex
 {
 public:
     TDerivedIndex(const std::vector<const TVdFieldDef*>& derived,
                   const std::vector<std::string>& lines)
+        : FDerived(derived)
     {
+        FByLine.reserve(derived.size());
+        FByName.reserve(2 * derived.size());
         for (int i = 0; i < int(derived.size()); ++i) {
             const TVdFieldDef& field = *derived[size_t(i)];
-            FByLine[lines[size_t(i)]].push_back(i);
+            FByLine.emplace_back(lines[size_t(i)], i);
             const std::string name = Unquoted(field.Name());
-            FByName[text::Upper(name)].push_back(i);
+            FByName.emplace_back(text::Upper(name), i);
             const std::string prefix = Unquoted(TablePrefix(field));
             if (!prefix.empty())
-                FByName[text::Upper(prefix + '.' + name)].push_back(i);
+                FByName.emplace_back(text::Upper(prefix + '.' + name), i);
             if (!field.Alias().empty())
-                FByAlias[text::Upper(field.Alias())].push_back(i);
-            FPositions.emplace(&field, i);
+                FByAlias.emplace_back(text::Upper(field.Alias()), i);
         }
     }
 
@@ -127,33 +130,37 @@ public:
                     const std::vector<const TVdFieldDef*>& printed, Visit visit) const
     {
         ForNamed(item, script, visit);
-        ForEach(FByAlias, text::Upper(item), visit);
+        if (!FByAlias.empty())
+            ForEach(FByAlias, text::Upper(item), visit);
         if (!TVdStringList::IsPosition(item) || item.size() > 9)
             return;
         const size_t position = std::stoul(item);
         if (position < 1 || position > printed.size())
             return;
-        const auto found = FPositions.find(printed[position - 1]);
-        if (found != FPositions.end())
-            visit(found->second);
+        // The first derived field that is the printed one, as a map from field to its first
+        // place would find it.
+        for (size_t i = 0; i < FDerived.size(); ++i)
+            if (FDerived[i] == printed[position - 1]) {
+                visit(int(i));
+                break;
+            }
     }
 
 private:
-    using TKeys = std::unordered_map<std::string, std::vector<int>>;
+    using TKeys = std::vector<std::pair<std::string, int>>;
 
     template <class Visit>
     static void ForEach(const TKeys& keys, const std::string& key, Visit visit)
     {
-        const auto found = keys.find(key);
-        if (found != keys.end())
-            for (const int i : found->second)
+        for (const auto& [spelling, i] : keys)
+            if (spelling == key)
                 visit(i);
     }
 
+    const std::vector<const TVdFieldDef*>& FDerived;
     TKeys FByLine;
     TKeys FByName;
     TKeys FByAlias;
-    std::unordered_map<const TVdFieldDef*, int> FPositions;
 };
 
 } // namespace
@@ -162,6 +169,10 @@ void TVdGroupByItems::Rebuild()
 {
     const std::vector<const TVdFieldDef*> derived = DerivedFields();
     std::vector<std::string> lines = DerivedLines(derived);
+    if (FKept.empty()) {
+        FLines = std::move(lines);
+        return;
+    }
     const TDerivedIndex index(derived, lines);
     FLines = std::move(lines);
     for (const std::string& item : FKept) {

@@ -280,14 +280,28 @@ void TVdTableDefs::TableKeyChanged(TVdTableDef& table, bool alias, const std::st
     LookupInsert(lookup, newKey, &table);
 }
 
+TVdTableDef* TVdTableDefs::ScanFor(bool alias, const std::string& key) const
+{
+    for (int i = 0; i < Count(); ++i) {
+        TVdTableDef* table = Items(i);
+        if ((alias ? table->Alias() : table->Name()) == key)
+            return table;
+    }
+    return nullptr;
+}
+
 TVdTableDef* TVdTableDefs::FindByName(const std::string& name) const
 {
+    if (!FLookupValid && Count() <= LinearLookupLimit)
+        return ScanFor(false, name);
     EnsureLookup();
     return LookupFind(FByName, name);
 }
 
 TVdTableDef* TVdTableDefs::FindByAlias(const std::string& alias) const
 {
+    if (!FLookupValid && Count() <= LinearLookupLimit)
+        return ScanFor(true, alias);
     EnsureLookup();
     return LookupFind(FByAlias, alias);
 }
@@ -596,7 +610,8 @@ void TVdTableDefs::Clearing()
     FCounterHint.clear();
     FByAlias.clear();
     FByName.clear();
-    FLookupValid = true;
+    // Built again when a statement holds more tables than a scan serves well.
+    FLookupValid = false;
 }
 
 void TVdTableDefs::UpdateJoins()

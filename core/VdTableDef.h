@@ -142,6 +142,10 @@ private:
     static void LookupInsert(TLookup& lookup, const std::string& key, TVdTableDef* table);
     static void LookupErase(TLookup& lookup, const std::string& key, TVdTableDef* table);
     static TVdTableDef* LookupFind(const TLookup& lookup, const std::string& key);
+    // Up to this many tables a scan finds a table sooner than the lookup is kept up to date:
+    // the lookup is built only once a statement has more.
+    static constexpr int LinearLookupLimit = 16;
+    TVdTableDef* ScanFor(bool alias, const std::string& key) const;
     mutable TLookup FByAlias;
     mutable TLookup FByName;
     mutable bool FLookupValid = false;
