@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/VdCollection.h"
+#include "core/VdNameCounts.h"
 
 #include <cstdint>
 #include <memory>
@@ -155,10 +156,10 @@ private:
     // when there are any, so a long FROM list without joins is read in linear time.
     int FJoinCount = 0;
     // How many fields hold each alias; the empty alias of every new field is counted apart.
-    std::unordered_map<std::string, int> FAliasCount;
+    TVdNameCounts FAliasCount;
     int FEmptyAliases = 0;
     void CountAlias(const std::string& alias, int delta);
-    std::unordered_map<std::string, int> FCounterHint;
+    TVdNameCounts FCounterHint;
 };
 
 } // namespace vd
