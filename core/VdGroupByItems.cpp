@@ -6,6 +6,7 @@
 #include "core/VdTableDef.h"
 #include "core/VdText.h"
 
+#include <unordered_map>
 #include <utility>
 
 namespace vd {
@@ -88,28 +89,29 @@ TVdGroupByItems::DerivedLines(const std::vector<const TVdFieldDef*>& derived) co
 
 namespace {
 
-// The derived fields under every spelling a GROUP BY item may name them by. A statement groups
-// by a handful of columns, so the spellings are kept in flat lists and searched in order: no
-// node per key, and a probe costs a few string compares.
+// The derived fields under every spelling a GROUP BY item may name them by. A statement
+// groups by a handful of columns: then the spellings are kept in flat lists and searched in
+// order, no node per key. Beyond that they are hashed, so that each kept item is looked up once
+// rather than compared with every field.
 class TDerivedIndex
 {
 public:
     TDerivedIndex(const std::vector<const TVdFieldDef*>& derived,
                   const std::vector<std::string>& lines)
-        : FDerived(derived)
+        : FDerived(derived), FHashed(derived.size() > FlatLimit)
     {
-        FByLine.reserve(derived.size());
-        FByName.reserve(2 * derived.size());
         for (int i = 0; i < int(derived.size()); ++i) {
             const TVdFieldDef& field = *derived[size_t(i)];
-            FByLine.emplace_back(lines[size_t(i)], i);
+            FByLine.Add(FHashed, lines[size_t(i)], i);
             const std::string name = Unquoted(field.Name());
-            FByName.emplace_back(text::Upper(name), i);
+            FByName.Add(FHashed, text::Upper(name), i);
             const std::string prefix = Unquoted(TablePrefix(field));
             if (!prefix.empty())
-                FByName.emplace_back(text::Upper(prefix + '.' + name), i);
+                FByName.Add(FHashed, text::Upper(prefix + '.' + name), i);
             if (!field.Alias().empty())
-                FByAlias.emplace_back(text::Upper(field.Alias()), i);
+                FByAlias.Add(FHashed, text::Upper(field.Alias()), i);
+            if (FHashed)
+                FPositions.emplace(&field, i);
         }
     }
 
@@ -119,8 +121,8 @@ public:
     template <class Visit>
     void ForNamed(const std::string& item, const std::string& script, Visit visit) const
     {
-        ForEach(FByLine, script, visit);
-        ForEach(FByName, text::Upper(Unquoted(item)), visit);
+        FByLine.ForEach(script, visit);
+        FByName.ForEach(text::Upper(Unquoted(item)), visit);
     }
 
     // The fields item groups by: those it names, the one whose alias it is, the one at its
@@ -130,37 +132,67 @@ public:
                     const std::vector<const TVdFieldDef*>& printed, Visit visit) const
     {
         ForNamed(item, script, visit);
-        if (!FByAlias.empty())
-            ForEach(FByAlias, text::Upper(item), visit);
+        if (!FByAlias.Empty())
+            FByAlias.ForEach(text::Upper(item), visit);
         if (!TVdStringList::IsPosition(item) || item.size() > 9)
             return;
         const size_t position = std::stoul(item);
         if (position < 1 || position > printed.size())
             return;
-        // The first derived field that is the printed one, as a map from field to its first
-        // place would find it.
-        for (size_t i = 0; i < FDerived.size(); ++i)
-            if (FDerived[i] == printed[position - 1]) {
-                visit(int(i));
-                break;
-            }
+        const int at = PositionOf(printed[position - 1]);
+        if (at >= 0)
+            visit(at);
     }
 
 private:
-    using TKeys = std::vector<std::pair<std::string, int>>;
+    static constexpr size_t FlatLimit = 16;
 
-    template <class Visit>
-    static void ForEach(const TKeys& keys, const std::string& key, Visit visit)
+    struct TKeys {
+        std::vector<std::pair<std::string, int>> List;
+        std::unordered_map<std::string, std::vector<int>> Map;
+
+        void Add(bool hashed, std::string key, int i)
+        {
+            if (hashed)
+                Map[std::move(key)].push_back(i);
+            else
+                List.emplace_back(std::move(key), i);
+        }
+        bool Empty() const { return List.empty() && Map.empty(); }
+        // The fields under key, in the order they were added.
+        template <class Visit> void ForEach(const std::string& key, Visit visit) const
+        {
+            for (const auto& [spelling, i] : List)
+                if (spelling == key)
+                    visit(i);
+            if (Map.empty())
+                return;
+            const auto found = Map.find(key);
+            if (found != Map.end())
+                for (const int i : found->second)
+                    visit(i);
+        }
+    };
+
+    // The first place of a field among the derived ones, or -1.
+    int PositionOf(const TVdFieldDef* field) const
     {
-        for (const auto& [spelling, i] : keys)
-            if (spelling == key)
-                visit(i);
+        if (FHashed) {
+            const auto found = FPositions.find(field);
+            return found == FPositions.end() ? -1 : found->second;
+        }
+        for (size_t i = 0; i < FDerived.size(); ++i)
+            if (FDerived[i] == field)
+                return int(i);
+        return -1;
     }
 
     const std::vector<const TVdFieldDef*>& FDerived;
+    const bool FHashed;
     TKeys FByLine;
     TKeys FByName;
     TKeys FByAlias;
+    std::unordered_map<const TVdFieldDef*, int> FPositions;
 };
 
 } // namespace
