@@ -100,6 +100,11 @@ public:
                   const std::vector<std::string>& lines)
         : FDerived(derived), FHashed(derived.size() > FlatLimit)
     {
+        if (FHashed) {
+            FByLine.Map.reserve(derived.size());
+            FByName.Map.reserve(2 * derived.size());
+            FPositions.reserve(derived.size());
+        }
         for (int i = 0; i < int(derived.size()); ++i) {
             const TVdFieldDef& field = *derived[size_t(i)];
             FByLine.Add(FHashed, lines[size_t(i)], i);
@@ -149,17 +154,18 @@ private:
 
     struct TKeys {
         std::vector<std::pair<std::string, int>> List;
-        std::unordered_map<std::string, std::vector<int>> Map;
+        // Visitors only mark fields, so the order among equal keys does not matter.
+        std::unordered_multimap<std::string, int> Map;
 
         void Add(bool hashed, std::string key, int i)
         {
             if (hashed)
-                Map[std::move(key)].push_back(i);
+                Map.emplace(std::move(key), i);
             else
                 List.emplace_back(std::move(key), i);
         }
         bool Empty() const { return List.empty() && Map.empty(); }
-        // The fields under key, in the order they were added.
+        // The fields under key.
         template <class Visit> void ForEach(const std::string& key, Visit visit) const
         {
             for (const auto& [spelling, i] : List)
@@ -167,10 +173,9 @@ private:
                     visit(i);
             if (Map.empty())
                 return;
-            const auto found = Map.find(key);
-            if (found != Map.end())
-                for (const int i : found->second)
-                    visit(i);
+            const auto [first, last] = Map.equal_range(key);
+            for (auto it = first; it != last; ++it)
+                visit(it->second);
         }
     };
 
