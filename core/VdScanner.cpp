@@ -3,6 +3,9 @@
 #include "core/VdError.h"
 #include "core/VdText.h"
 
+#include <typeinfo>
+#include <unordered_map>
+
 namespace vd {
 
 const char* TokenKindName(TTokenKind kind)
@@ -396,6 +399,8 @@ void TVdSQLScanner::Init()
     FTokenQuoted = false;
     FTokenQuote = '\0';
     EnsureCharClasses();
+    // Decided here rather than in the constructor, where every scanner is still of this class.
+    FOwnWordTests = typeid(*this) == typeid(TVdSQLScanner);
 }
 
 void TVdSQLScanner::SetPosition(int p)
@@ -561,6 +566,54 @@ TTokenKind TVdSQLScanner::ClassifyWord(const std::string& result) const
     return tkUnknown;
 }
 
+void TVdSQLScanner::MergeWordLists()
+{
+    FMergedWords.Clear();
+    FMergedFlags.clear();
+    std::unordered_map<std::string, size_t> at;
+    const std::pair<const TVdWordList*, std::uint8_t> lists[] = {
+        {&FFunctions, wfFunction}, {&FKeywords, wfKeyword}, {&FOperations, wfOperation}};
+    for (const auto& [list, flag] : lists)
+        for (const std::string& word : list->Items()) {
+            const auto [place, added] = at.emplace(text::Upper(word), FMergedFlags.size());
+            if (added) {
+                FMergedWords.Add(word);
+                FMergedFlags.push_back(flag);
+            } else {
+                FMergedFlags[place->second] |= flag;
+            }
+        }
+    FMergedStamps[0] = FFunctions.Stamp();
+    FMergedStamps[1] = FKeywords.Stamp();
+    FMergedStamps[2] = FOperations.Stamp();
+}
+
+std::uint8_t TVdSQLScanner::OwnWordFlags(const std::string& word)
+{
+    if (FMergedStamps[0] != FFunctions.Stamp() || FMergedStamps[1] != FKeywords.Stamp() ||
+        FMergedStamps[2] != FOperations.Stamp())
+        MergeWordLists();
+    const int i = FMergedWords.IndexOf(word);
+    return i < 0 ? 0 : FMergedFlags[size_t(i)];
+}
+
+// ClassifyWord with this class's own tests, called without virtual dispatch.
+TTokenKind TVdSQLScanner::ClassifyOwnWord(const std::string& word, std::uint8_t flags) const
+{
+    if (word.empty())
+        return tkEnd;
+    if (flags & wfFunction)
+        return tkFunction;
+    if (flags & wfKeyword)
+        return tkKeyword;
+    if (TVdSQLScanner::IsInteger(word))
+        return tkInteger;
+    if (TVdSQLScanner::IsIdentifier(word) ||
+        TVdSQLScanner::IsIdentifier(TVdSQLScanner::ProcessIdent(word)))
+        return tkIdent;
+    return tkUnknown;
+}
+
 void TVdSQLScanner::RaiseUnterminated() const
 {
     throw EVdParserError(3, FToken, FLineNo, FLinePos - int(FToken.size()));
@@ -645,9 +698,18 @@ bool TVdSQLScanner::ScanPlainToken()
     }
     FTokenAt = FPosition - 1;
     FToken.assign(text + FTokenAt, size_t(end - FPosition));
-    TTokenKind kind = end - FPosition > 1 || !Has(c, ccDelim) ? ClassifyWord(FToken) : tkDelim;
-    if (IsOperation(FToken))
-        kind = tkOperation;
+    const bool word = end - FPosition > 1 || !Has(c, ccDelim);
+    TTokenKind kind;
+    if (FOwnWordTests) {
+        const std::uint8_t flags = OwnWordFlags(FToken);
+        kind = word ? ClassifyOwnWord(FToken, flags) : tkDelim;
+        if (flags & wfOperation)
+            kind = tkOperation;
+    } else {
+        kind = word ? ClassifyWord(FToken) : tkDelim;
+        if (IsOperation(FToken))
+            kind = tkOperation;
+    }
     FTokenKind = kind;
     FTokenStart = FPosition;
     FPosition = end;

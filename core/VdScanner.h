@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vd {
 
@@ -216,6 +217,13 @@ private:
     TTokenKind ScanOne(std::string& result);
     bool ScanDelimOrSpace(char c, std::string& result, TTokenKind& kind);
     TTokenKind ClassifyWord(const std::string& result) const;
+    // This class's own IsFunction, IsKeyword and IsOperation answered by one lookup in the
+    // three lists merged; used only while the scanner is of this class exactly, where none
+    // of them is overridden.
+    enum : std::uint8_t { wfFunction = 1, wfKeyword = 2, wfOperation = 4 };
+    std::uint8_t OwnWordFlags(const std::string& word);
+    void MergeWordLists();
+    TTokenKind ClassifyOwnWord(const std::string& word, std::uint8_t flags) const;
     bool Closes(char c, const std::string& result) const;
     void RaiseUnterminated() const;
 
@@ -240,6 +248,10 @@ private:
     std::uint16_t FClasses[256] = {};
     std::string FBuffer;
     bool FClassesValid = false;
+    bool FOwnWordTests = false;
+    TVdWordList FMergedWords;
+    std::vector<std::uint8_t> FMergedFlags;
+    std::uint64_t FMergedStamps[3] = {~0ull, ~0ull, ~0ull};
 };
 
 } // namespace vd

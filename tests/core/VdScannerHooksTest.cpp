@@ -132,3 +132,60 @@ TEST(VdScannerHooks, LookAheadLeavesTheTokenAsItWas)
     EXPECT_EQ(s.Token(), "b c");
     EXPECT_TRUE(s.TokenQuoted());
 }
+
+TEST(VdScannerHooks, WordListChangesReachThePlainScanner)
+{
+    TVdSQLScanner s;
+    EXPECT_EQ(Scan(s, "top A mod"),
+              (TKinds{{vd::tkIdent, "top"}, {vd::tkIdent, "A"}, {vd::tkIdent, "mod"}}));
+    vd::TVdWordList keywords = s.Keywords();
+    keywords.Add("TOP");
+    s.SetKeywords(keywords);
+    EXPECT_EQ(Scan(s, "top A"), (TKinds{{vd::tkKeyword, "top"}, {vd::tkIdent, "A"}}));
+    // A word in both lists is a function first.
+    vd::TVdWordList functions = s.Functions();
+    functions.Add("top");
+    s.SetFunctions(functions);
+    EXPECT_EQ(Scan(s, "TOP A"), (TKinds{{vd::tkFunction, "TOP"}, {vd::tkIdent, "A"}}));
+    vd::TVdWordList operations = s.Operations();
+    operations.Add("MOD");
+    s.SetOperations(operations);
+    EXPECT_EQ(Scan(s, "A mod 2"),
+              (TKinds{{vd::tkIdent, "A"}, {vd::tkOperation, "mod"}, {vd::tkInteger, "2"}}))
+        << "word lists ignore case";
+}
+
+namespace {
+
+// The same class in all but its type: it is scanned through the virtual word tests.
+class DerivedScanner : public TVdSQLScanner
+{
+};
+
+} // namespace
+
+TEST(VdScannerHooks, PlainAndDerivedScannersReadTheSameTokens)
+{
+    const char* const texts[] = {
+        "SELECT DISTINCT A.X, sum(B.Y) AS S, count(*) FROM T A LEFT OUTER JOIN U B ON A.K = B.K",
+        "select a-b, 1.5 , 2 * 3 / 4 + -5 from t where x <> 'it''s' and y >= 2 or not z is null",
+        "SELECT \"my col\", MY-COL, _X, $Y, A#B, Max(1) FROM \"t t\" GROUP BY 1 ORDER BY 2 DESC",
+        "SELECT AVG ( X ) ,MIN(Y),MAX(Z)FROM T HAVING COUNT(X)>1\r\nORDER BY X"};
+    TVdSQLScanner plain;
+    DerivedScanner derived;
+    for (int round = 0; round < 2; ++round) {
+        for (const char* text : texts)
+            EXPECT_EQ(Scan(plain, text), Scan(derived, text)) << text;
+        // The same list changes on both, then again.
+        vd::TVdWordList keywords = plain.Keywords();
+        keywords.Add("FIRST");
+        keywords.Add("Max");
+        plain.SetKeywords(keywords);
+        derived.SetKeywords(keywords);
+        vd::TVdWordList operations = plain.Operations();
+        operations.Add("||");
+        operations.Add("MY-COL");
+        plain.SetOperations(operations);
+        derived.SetOperations(operations);
+    }
+}
