@@ -109,6 +109,8 @@ const TOptionSpec OptionSpecs[] = {
      [](TOptions& o, const std::string& name, const std::string& value) {
          o.Repeat = PositiveNumber(o.Verb, name, value);
      }},
+    {"--scan", false, Bit(TVerb::Bench),
+     [](TOptions& o, const std::string&, const std::string&) { o.ScanOnly = true; }},
 };
 
 const TOptionSpec* FindOption(TVerb verb, const std::string& name)

@@ -34,7 +34,8 @@ struct TOptions {
     bool QuoteIdentifiers = true;
     bool JsonLines = false;
     int Repeat = 1;
-    std::string File; // empty or "-": standard input
+    bool ScanOnly = false; // bench: the scanner alone, no model
+    std::string File;      // empty or "-": standard input
 };
 
 // Reads the arguments after the program name; throws ECliError (exUsage) on a bad command line.

@@ -68,7 +68,11 @@ const char* const BenchText =
     "Statements that fail to parse are counted and reported on standard error\n"
     "as 'ERRORS vdsql <count> first: <message>'.\n"
     "\n"
+    "With --scan only the dialect's scanner runs, every token up to the end,\n"
+    "and the line starts with 'scan' instead of 'vdsql'.\n"
+    "\n"
     "Options:\n" DIALECT_OPTIONS "  --repeat N            number of rounds (default 1)\n"
+    "  --scan                time the scanner alone\n"
     "  -h, --help            show this help\n";
 
 #undef DIALECT_OPTIONS

@@ -33,12 +33,7 @@ TVdCollection::TVdCollection(TItemFactory factory) : FFactory(std::move(factory)
 
 TVdCollection::~TVdCollection() { Clear(); }
 
-TVdCollectionItem* TVdCollection::GetItem(int index) const
-{
-    if (index < 0 || index >= int(FItems.size()))
-        throw EVdListError(index);
-    return FItems[size_t(index)].get();
-}
+void TVdCollection::RaiseIndex(int index) { throw EVdListError(index); }
 
 TVdCollectionItem* TVdCollection::AddItem() { return InsertItem(int(FItems.size())); }
 
@@ -49,6 +44,10 @@ TVdCollectionItem* TVdCollection::InsertItem(int index)
     std::unique_ptr<TVdCollectionItem> item = FFactory();
     TVdCollectionItem* raw = item.get();
     raw->FCollection = this;
+    // Most lists of a statement hold a few items: room for four at once spares the vector
+    // growing through one and two.
+    if (FItems.capacity() == 0)
+        FItems.reserve(4);
     FItems.insert(FItems.begin() + index, std::move(item));
     Renumber(size_t(index));
     raw->SetParser(FParser);

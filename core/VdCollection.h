@@ -59,8 +59,14 @@ public:
     TVdCollection& operator=(const TVdCollection&) = delete;
 
     int Count() const { return int(FItems.size()); }
-    // Throws EVdListError for a position out of range.
-    TVdCollectionItem* GetItem(int index) const;
+    // Throws EVdListError for a position out of range. Inline: the parser and the printer walk
+    // every list through it.
+    TVdCollectionItem* GetItem(int index) const
+    {
+        if (index < 0 || index >= int(FItems.size())) [[unlikely]]
+            RaiseIndex(index);
+        return FItems[size_t(index)].get();
+    }
     TVdCollectionItem* AddItem();
     TVdCollectionItem* InsertItem(int index);
     void Delete(int index);
@@ -98,6 +104,7 @@ protected:
 
 private:
     void Renumber(size_t from);
+    [[noreturn]] static void RaiseIndex(int index);
 
     TItemFactory FFactory;
     std::vector<std::unique_ptr<TVdCollectionItem>> FItems;

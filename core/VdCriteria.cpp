@@ -23,11 +23,7 @@ std::string GetFilterAsString(TVdCriterionFilter filter)
 
 // ---- TVdCriterion ----
 
-TVdCriterion::TVdCriterion()
-    : FRightSide(std::make_unique<TVdFunctionDefs>(this)),
-      FLeftSide(std::make_unique<TVdFunctionDef>())
-{
-}
+TVdCriterion::TVdCriterion() = default;
 
 TVdCriterion::~TVdCriterion() = default;
 
@@ -55,8 +51,8 @@ bool TVdCriterion::IsGroup() const { return FSubItems && FSubItems->Count() > 0;
 void TVdCriterion::SetParser(TVdSelectParser* parser)
 {
     TVdCollectionItem::SetParser(parser);
-    FLeftSide->SetParser(parser);
-    FRightSide->SetParser(parser);
+    FLeftSide.SetParser(parser);
+    FRightSide.SetParser(parser);
     if (FSubItems)
         FSubItems->SetParser(parser);
     if (parser) {
@@ -72,17 +68,17 @@ void TVdCriterion::Assign(const TVdCollectionItem& source)
     if (!src || src == this)
         return;
     FOperator = src->FOperator;
-    SetLeftSide(*src->FLeftSide);
-    SetRightSide(*src->FRightSide);
+    SetLeftSide(src->FLeftSide);
+    SetRightSide(src->FRightSide);
     if (src->FSubItems)
         SetSubItems(*src->FSubItems);
     else if (FSubItems)
         FSubItems->Clear();
 }
 
-void TVdCriterion::SetLeftSide(const TVdFunctionDef& value) { FLeftSide->Assign(value); }
+void TVdCriterion::SetLeftSide(const TVdFunctionDef& value) { FLeftSide.Assign(value); }
 
-void TVdCriterion::SetRightSide(const TVdFunctionDefs& value) { FRightSide->Assign(value); }
+void TVdCriterion::SetRightSide(const TVdFunctionDefs& value) { FRightSide.Assign(value); }
 
 void TVdCriterion::SetSubItems(const TVdCriterions& value) { SubItems().Assign(value); }
 
@@ -132,7 +128,7 @@ std::string TVdCriterion::GetScript() const
     if (IsGroup())
         return FSubItems->GetScript();
     std::string out;
-    script::AppendNodeScript(out, *FLeftSide);
+    script::AppendNodeScript(out, FLeftSide);
     out += ' ';
     // An operator the table does not hold is text the statement gave (NOT IN-1, a partial
     // match that an operand completed): it prints as read, as a letter case could cut it into

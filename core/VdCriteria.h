@@ -34,10 +34,10 @@ public:
     bool IsGroup() const;
     const std::string& Operator() const { return FOperator; }
     void SetOperator(const std::string& caption) { FOperator = caption; }
-    TVdFunctionDefs& RightSide() { return *FRightSide; }
-    const TVdFunctionDefs& RightSide() const { return *FRightSide; }
-    TVdFunctionDef& LeftSide() { return *FLeftSide; }
-    const TVdFunctionDef& LeftSide() const { return *FLeftSide; }
+    TVdFunctionDefs& RightSide() { return FRightSide; }
+    const TVdFunctionDefs& RightSide() const { return FRightSide; }
+    TVdFunctionDef& LeftSide() { return FLeftSide; }
+    const TVdFunctionDef& LeftSide() const { return FLeftSide; }
     // The setters copy; they never take ownership.
     void SetLeftSide(const TVdFunctionDef& value);
     void SetRightSide(const TVdFunctionDefs& value);
@@ -50,8 +50,9 @@ public:
 private:
     mutable std::unique_ptr<TVdCriterions> FSubItems;
     std::string FOperator;
-    std::unique_ptr<TVdFunctionDefs> FRightSide;
-    std::unique_ptr<TVdFunctionDef> FLeftSide;
+    // Both sides live in the criterion itself: every criterion has them.
+    TVdFunctionDefs FRightSide{this};
+    TVdFunctionDef FLeftSide;
 };
 
 // A list of criteria combined by Filter; Owner is the criterion whose sub-items these are,

@@ -7,6 +7,7 @@
 #include "core/VdText.h"
 
 #include <unordered_map>
+#include <utility>
 
 namespace vd {
 
@@ -88,25 +89,34 @@ TVdGroupByItems::DerivedLines(const std::vector<const TVdFieldDef*>& derived) co
 
 namespace {
 
-// The derived fields under every spelling a GROUP BY item may name them by, so that each
-// kept item is looked up once rather than compared with every field.
+// The derived fields under every spelling a GROUP BY item may name them by. A statement
+// groups by a handful of columns: then the spellings are kept in flat lists and searched in
+// order, no node per key. Beyond that they are hashed, so that each kept item is looked up once
+// rather than compared with every field.
 class TDerivedIndex
 {
 public:
     TDerivedIndex(const std::vector<const TVdFieldDef*>& derived,
                   const std::vector<std::string>& lines)
+        : FDerived(derived), FHashed(derived.size() > FlatLimit)
     {
+        if (FHashed) {
+            FByLine.Map.reserve(derived.size());
+            FByName.Map.reserve(2 * derived.size());
+            FPositions.reserve(derived.size());
+        }
         for (int i = 0; i < int(derived.size()); ++i) {
             const TVdFieldDef& field = *derived[size_t(i)];
-            FByLine[lines[size_t(i)]].push_back(i);
+            FByLine.Add(FHashed, lines[size_t(i)], i);
             const std::string name = Unquoted(field.Name());
-            FByName[text::Upper(name)].push_back(i);
+            FByName.Add(FHashed, text::Upper(name), i);
             const std::string prefix = Unquoted(TablePrefix(field));
             if (!prefix.empty())
-                FByName[text::Upper(prefix + '.' + name)].push_back(i);
+                FByName.Add(FHashed, text::Upper(prefix + '.' + name), i);
             if (!field.Alias().empty())
-                FByAlias[text::Upper(field.Alias())].push_back(i);
-            FPositions.emplace(&field, i);
+                FByAlias.Add(FHashed, text::Upper(field.Alias()), i);
+            if (FHashed)
+                FPositions.emplace(&field, i);
         }
     }
 
@@ -116,8 +126,8 @@ public:
     template <class Visit>
     void ForNamed(const std::string& item, const std::string& script, Visit visit) const
     {
-        ForEach(FByLine, script, visit);
-        ForEach(FByName, text::Upper(Unquoted(item)), visit);
+        FByLine.ForEach(script, visit);
+        FByName.ForEach(text::Upper(Unquoted(item)), visit);
     }
 
     // The fields item groups by: those it names, the one whose alias it is, the one at its
@@ -127,29 +137,63 @@ public:
                     const std::vector<const TVdFieldDef*>& printed, Visit visit) const
     {
         ForNamed(item, script, visit);
-        ForEach(FByAlias, text::Upper(item), visit);
+        if (!FByAlias.Empty())
+            FByAlias.ForEach(text::Upper(item), visit);
         if (!TVdStringList::IsPosition(item) || item.size() > 9)
             return;
         const size_t position = std::stoul(item);
         if (position < 1 || position > printed.size())
             return;
-        const auto found = FPositions.find(printed[position - 1]);
-        if (found != FPositions.end())
-            visit(found->second);
+        const int at = PositionOf(printed[position - 1]);
+        if (at >= 0)
+            visit(at);
     }
 
 private:
-    using TKeys = std::unordered_map<std::string, std::vector<int>>;
+    static constexpr size_t FlatLimit = 16;
 
-    template <class Visit>
-    static void ForEach(const TKeys& keys, const std::string& key, Visit visit)
+    struct TKeys {
+        std::vector<std::pair<std::string, int>> List;
+        // Visitors only mark fields, so the order among equal keys does not matter.
+        std::unordered_multimap<std::string, int> Map;
+
+        void Add(bool hashed, std::string key, int i)
+        {
+            if (hashed)
+                Map.emplace(std::move(key), i);
+            else
+                List.emplace_back(std::move(key), i);
+        }
+        bool Empty() const { return List.empty() && Map.empty(); }
+        // The fields under key.
+        template <class Visit> void ForEach(const std::string& key, Visit visit) const
+        {
+            for (const auto& [spelling, i] : List)
+                if (spelling == key)
+                    visit(i);
+            if (Map.empty())
+                return;
+            const auto [first, last] = Map.equal_range(key);
+            for (auto it = first; it != last; ++it)
+                visit(it->second);
+        }
+    };
+
+    // The first place of a field among the derived ones, or -1.
+    int PositionOf(const TVdFieldDef* field) const
     {
-        const auto found = keys.find(key);
-        if (found != keys.end())
-            for (const int i : found->second)
-                visit(i);
+        if (FHashed) {
+            const auto found = FPositions.find(field);
+            return found == FPositions.end() ? -1 : found->second;
+        }
+        for (size_t i = 0; i < FDerived.size(); ++i)
+            if (FDerived[i] == field)
+                return int(i);
+        return -1;
     }
 
+    const std::vector<const TVdFieldDef*>& FDerived;
+    const bool FHashed;
     TKeys FByLine;
     TKeys FByName;
     TKeys FByAlias;
@@ -162,6 +206,10 @@ void TVdGroupByItems::Rebuild()
 {
     const std::vector<const TVdFieldDef*> derived = DerivedFields();
     std::vector<std::string> lines = DerivedLines(derived);
+    if (FKept.empty()) {
+        FLines = std::move(lines);
+        return;
+    }
     const TDerivedIndex index(derived, lines);
     FLines = std::move(lines);
     for (const std::string& item : FKept) {

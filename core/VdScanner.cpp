@@ -3,6 +3,9 @@
 #include "core/VdError.h"
 #include "core/VdText.h"
 
+#include <typeinfo>
+#include <unordered_map>
+
 namespace vd {
 
 const char* TokenKindName(TTokenKind kind)
@@ -354,10 +357,10 @@ std::string TVdSQLScanner::GetTokenPlus()
 
 TVdSQLScanner::TState TVdSQLScanner::SaveState() const
 {
-    return TState{FPosition,    FLevel,     FLineNo,     FLinePos,   FSpaceCount,
-                  FTokenStart,  FTokenEnd,  FToken,      FInString,  FEmptyStringPending,
-                  FTokenQuoted, FQuoteChar, FTokenQuote, FOpenQuote, FQuoteStart,
-                  FTokenKind};
+    return TState{FPosition,           FLevel,       FLineNo,    FLinePos,           FSpaceCount,
+                  FTokenStart,         FTokenEnd,    FTokenAt,   int(FToken.size()), FInString,
+                  FEmptyStringPending, FTokenQuoted, FQuoteChar, FTokenQuote,        FOpenQuote,
+                  FQuoteStart,         FTokenKind};
 }
 
 void TVdSQLScanner::RestoreState(const TState& s)
@@ -369,7 +372,8 @@ void TVdSQLScanner::RestoreState(const TState& s)
     FSpaceCount = s.SpaceCount;
     FTokenStart = s.TokenStart;
     FTokenEnd = s.TokenEnd;
-    FToken = s.Token;
+    FTokenAt = s.TokenAt;
+    FToken.assign(FExpression, size_t(s.TokenAt), size_t(s.TokenSize));
     FInString = s.InString;
     FEmptyStringPending = s.EmptyStringPending;
     FTokenQuoted = s.TokenQuoted;
@@ -395,6 +399,8 @@ void TVdSQLScanner::Init()
     FTokenQuoted = false;
     FTokenQuote = '\0';
     EnsureCharClasses();
+    // Decided here rather than in the constructor, where every scanner is still of this class.
+    FOwnWordTests = typeid(*this) == typeid(TVdSQLScanner);
 }
 
 void TVdSQLScanner::SetPosition(int p)
@@ -436,6 +442,14 @@ void TVdSQLScanner::EnsureCharClasses()
         if (ShouldLevelDown(c))
             cls |= ccLevelDown;
         FClasses[i] = cls;
+    }
+    const std::uint16_t quotes = ccQuote | ccIdentQuote;
+    for (std::uint16_t& cls : FClasses) {
+        if ((cls & ccAlpha) && !(cls & (quotes | ccDelim | ccSpace)))
+            cls |= ccWordStart;
+        // MY-COL is one word: a delimiter that is also a legal character goes on with it.
+        if ((cls & quotes) || (!(cls & ccLegal) && (cls & (ccDelim | ccSpace))))
+            cls |= ccWordStop;
     }
     FClassesValid = true;
 }
@@ -552,6 +566,54 @@ TTokenKind TVdSQLScanner::ClassifyWord(const std::string& result) const
     return tkUnknown;
 }
 
+void TVdSQLScanner::MergeWordLists()
+{
+    FMergedWords.Clear();
+    FMergedFlags.clear();
+    std::unordered_map<std::string, size_t> at;
+    const std::pair<const TVdWordList*, std::uint8_t> lists[] = {
+        {&FFunctions, wfFunction}, {&FKeywords, wfKeyword}, {&FOperations, wfOperation}};
+    for (const auto& [list, flag] : lists)
+        for (const std::string& word : list->Items()) {
+            const auto [place, added] = at.emplace(text::Upper(word), FMergedFlags.size());
+            if (added) {
+                FMergedWords.Add(word);
+                FMergedFlags.push_back(flag);
+            } else {
+                FMergedFlags[place->second] |= flag;
+            }
+        }
+    FMergedStamps[0] = FFunctions.Stamp();
+    FMergedStamps[1] = FKeywords.Stamp();
+    FMergedStamps[2] = FOperations.Stamp();
+}
+
+std::uint8_t TVdSQLScanner::OwnWordFlags(const std::string& word)
+{
+    if (FMergedStamps[0] != FFunctions.Stamp() || FMergedStamps[1] != FKeywords.Stamp() ||
+        FMergedStamps[2] != FOperations.Stamp())
+        MergeWordLists();
+    const int i = FMergedWords.IndexOf(word);
+    return i < 0 ? 0 : FMergedFlags[size_t(i)];
+}
+
+// ClassifyWord with this class's own tests, called without virtual dispatch.
+TTokenKind TVdSQLScanner::ClassifyOwnWord(const std::string& word, std::uint8_t flags) const
+{
+    if (word.empty())
+        return tkEnd;
+    if (flags & wfFunction)
+        return tkFunction;
+    if (flags & wfKeyword)
+        return tkKeyword;
+    if (TVdSQLScanner::IsInteger(word))
+        return tkInteger;
+    if (TVdSQLScanner::IsIdentifier(word) ||
+        TVdSQLScanner::IsIdentifier(TVdSQLScanner::ProcessIdent(word)))
+        return tkIdent;
+    return tkUnknown;
+}
+
 void TVdSQLScanner::RaiseUnterminated() const
 {
     throw EVdParserError(3, FToken, FLineNo, FLinePos - int(FToken.size()));
@@ -567,10 +629,11 @@ const std::string& TVdSQLScanner::GetNextToken()
         SkipBlankRun();
         FTokenKind = tkUnknown;
         result.clear();
-        if (ScanPlainToken(result))
+        if (ScanPlainToken())
             return FToken;
         const bool wasPending = FEmptyStringPending;
         TTokenKind kind = ScanOne(result);
+        const int textAt = FTokenStart - 1;
         const bool quoted = FInString && kind != tkQuote;
         if (kind == tkUnknown)
             kind = ClassifyWord(result);
@@ -607,6 +670,9 @@ const std::string& TVdSQLScanner::GetNextToken()
                 FTokenStart = FPosition;
             FTokenEnd = FPosition;
         }
+        // Every path of ScanOne sets TokenStart where its result begins, before the quote
+        // adjustment above.
+        FTokenAt = result.empty() ? FPosition - 1 : textAt;
         FToken.swap(result);
         return FToken;
     }
@@ -616,29 +682,34 @@ const std::string& TVdSQLScanner::GetNextToken()
 // same outcome as the character-by-character rules: a word runs up to a quote, or a blank or
 // delimiter that is no legal identifier character; a delimiter that is no comparison, no CR
 // and no quote is a token of its own.
-bool TVdSQLScanner::ScanPlainToken(std::string& result)
+bool TVdSQLScanner::ScanPlainToken()
 {
     if (FInString || FEmptyStringPending || FPosition > FLength)
         return false;
     const char* text = FExpression.data();
     const char c = text[FPosition - 1];
-    const std::uint16_t quotes = ccQuote | ccIdentQuote;
     int end = FPosition + 1;
-    if (Has(c, ccAlpha) && !Has(c, quotes | ccDelim | ccSpace)) {
-        while (end <= FLength) {
-            const char ch = text[end - 1];
-            if (Has(ch, quotes) || (!Has(ch, ccLegal) && Has(ch, ccDelim | ccSpace)))
-                break;
+    if (Has(c, ccWordStart)) {
+        while (end <= FLength && !Has(text[end - 1], ccWordStop))
             ++end;
-        }
-    } else if (!Has(c, ccDelim) || Has(c, quotes | ccSpace | ccComparison) || c == '\r' ||
-               c == '.') {
+    } else if (!Has(c, ccDelim) || Has(c, ccQuote | ccIdentQuote | ccSpace | ccComparison) ||
+               c == '\r' || c == '.') {
         return false;
     }
-    result.assign(text + FPosition - 1, size_t(end - FPosition));
-    TTokenKind kind = end - FPosition > 1 || !Has(c, ccDelim) ? ClassifyWord(result) : tkDelim;
-    if (IsOperation(result))
-        kind = tkOperation;
+    FTokenAt = FPosition - 1;
+    FToken.assign(text + FTokenAt, size_t(end - FPosition));
+    const bool word = end - FPosition > 1 || !Has(c, ccDelim);
+    TTokenKind kind;
+    if (FOwnWordTests) {
+        const std::uint8_t flags = OwnWordFlags(FToken);
+        kind = word ? ClassifyOwnWord(FToken, flags) : tkDelim;
+        if (flags & wfOperation)
+            kind = tkOperation;
+    } else {
+        kind = word ? ClassifyWord(FToken) : tkDelim;
+        if (IsOperation(FToken))
+            kind = tkOperation;
+    }
     FTokenKind = kind;
     FTokenStart = FPosition;
     FPosition = end;
@@ -651,7 +722,6 @@ bool TVdSQLScanner::ScanPlainToken(std::string& result)
         --FLevel;
     FTokenQuoted = false;
     FTokenQuote = '\0';
-    FToken.swap(result);
     return true;
 }
 

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vd {
 
@@ -167,9 +168,11 @@ public:
     std::string RawToken() const;
 
     // Everything GetTokenPlus saves, for parsers that look further ahead.
+    // The token is kept as where its text stands in the expression (it always is a piece of
+    // it), so that saving and restoring copy no text.
     struct TState {
         int Position, Level, LineNo, LinePos, SpaceCount, TokenStart, TokenEnd;
-        std::string Token;
+        int TokenAt, TokenSize;
         bool InString, EmptyStringPending, TokenQuoted;
         char QuoteChar, TokenQuote, OpenQuote;
         int QuoteStart;
@@ -198,11 +201,15 @@ private:
         ccComparison = 64,
         ccLegal = 128,
         ccLevelUp = 256,
-        ccLevelDown = 512
+        ccLevelDown = 512,
+        // Derived from the classes above, for the word loop: a character that can open a plain
+        // word, and one that ends it.
+        ccWordStart = 1024,
+        ccWordStop = 2048
     };
     void EnsureCharClasses();
     void SkipBlankRun();
-    bool ScanPlainToken(std::string& result);
+    bool ScanPlainToken();
     bool Has(char c, std::uint16_t cls) const
     {
         return FClasses[static_cast<unsigned char>(c)] & cls;
@@ -210,6 +217,13 @@ private:
     TTokenKind ScanOne(std::string& result);
     bool ScanDelimOrSpace(char c, std::string& result, TTokenKind& kind);
     TTokenKind ClassifyWord(const std::string& result) const;
+    // This class's own IsFunction, IsKeyword and IsOperation answered by one lookup in the
+    // three lists merged; used only while the scanner is of this class exactly, where none
+    // of them is overridden.
+    enum : std::uint8_t { wfFunction = 1, wfKeyword = 2, wfOperation = 4 };
+    std::uint8_t OwnWordFlags(const std::string& word);
+    void MergeWordLists();
+    TTokenKind ClassifyOwnWord(const std::string& word, std::uint8_t flags) const;
     bool Closes(char c, const std::string& result) const;
     void RaiseUnterminated() const;
 
@@ -229,9 +243,15 @@ private:
     char FTokenQuote = '\0';
     char FOpenQuote = '\0';
     int FQuoteStart = 0;
+    // Where the text of FToken starts in FExpression (0-based).
+    int FTokenAt = 0;
     std::uint16_t FClasses[256] = {};
     std::string FBuffer;
     bool FClassesValid = false;
+    bool FOwnWordTests = false;
+    TVdWordList FMergedWords;
+    std::vector<std::uint8_t> FMergedFlags;
+    std::uint64_t FMergedStamps[3] = {~0ull, ~0ull, ~0ull};
 };
 
 } // namespace vd

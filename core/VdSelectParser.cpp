@@ -1,5 +1,6 @@
 #include "core/VdSelectParser.h"
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
 #include <unordered_set>
@@ -311,8 +312,10 @@ void TVdSelectParser::ParseOnce()
         if (const TVdFieldDef* column = UngroupedColumn()) {
             // Reported where the column stands in the select list, else at the GROUP BY list.
             FState = ssError;
-            const auto found = FFieldPlaces.find(column);
-            const TPlace& place = found != FFieldPlaces.end() ? found->second : FGroupByPlace;
+            const auto found =
+                std::find_if(FFieldPlaces.rbegin(), FFieldPlaces.rend(),
+                             [column](const auto& entry) { return entry.first == column; });
+            const TPlace& place = found != FFieldPlaces.rend() ? found->second : FGroupByPlace;
             return ProcessError(place.Token, place.LineNo, place.LinePos);
         }
     }
@@ -457,7 +460,7 @@ void TVdSelectParser::CopyField(const TVdFieldDef& field, bool hasAlias, const s
                                 TVdTableDef& target, const TPlace& place)
 {
     TVdFieldDef* copy = target.FieldDefs().Add();
-    FFieldPlaces[copy] = place;
+    FFieldPlaces.emplace_back(copy, place);
     copy->SetName(field.Name());
     copy->SetKind(field.Kind());
     if (field.ArgumentCount() > 0)

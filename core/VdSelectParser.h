@@ -19,6 +19,7 @@
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace vd {
@@ -283,7 +284,9 @@ private:
                    TVdTableDef& target, const TPlace& place);
     // The select items as written (a lone "*" is none) and where each field's item starts.
     int FSelectItems = 0;
-    std::unordered_map<const TVdFieldDef*, TPlace> FFieldPlaces;
+    // Looked up only to report an error: kept in the order the fields came, a later entry for
+    // the same field standing for it.
+    std::vector<std::pair<const TVdFieldDef*, TPlace>> FFieldPlaces;
     TPlace FGroupByPlace; // the first item of GROUP BY
     // The output fields in the order the select list prints them.
     std::vector<const TVdFieldDef*> PrintedFields() const;

@@ -282,14 +282,28 @@ void TVdTableDefs::TableKeyChanged(TVdTableDef& table, bool alias, const std::st
     LookupInsert(lookup, newKey, &table);
 }
 
+TVdTableDef* TVdTableDefs::ScanFor(bool alias, const std::string& key) const
+{
+    for (int i = 0; i < Count(); ++i) {
+        TVdTableDef* table = Items(i);
+        if ((alias ? table->Alias() : table->Name()) == key)
+            return table;
+    }
+    return nullptr;
+}
+
 TVdTableDef* TVdTableDefs::FindByName(const std::string& name) const
 {
+    if (!FLookupValid && Count() <= LinearLookupLimit)
+        return ScanFor(false, name);
     EnsureLookup();
     return LookupFind(FByName, name);
 }
 
 TVdTableDef* TVdTableDefs::FindByAlias(const std::string& alias) const
 {
+    if (!FLookupValid && Count() <= LinearLookupLimit)
+        return ScanFor(true, alias);
     EnsureLookup();
     return LookupFind(FByAlias, alias);
 }
@@ -471,8 +485,8 @@ bool TVdTableDefs::AliasUsed(const std::string& alias) const
 {
     if (alias.empty())
         return FEmptyAliases > 0;
-    auto it = FAliasCount.find(alias);
-    return it != FAliasCount.end() && it->second > 0;
+    const int* count = FAliasCount.Find(alias);
+    return count && *count > 0;
 }
 
 void TVdTableDefs::CountAlias(const std::string& alias, int delta)
@@ -485,17 +499,17 @@ void TVdTableDefs::CountAlias(const std::string& alias, int delta)
         FAliasCount[alias] += delta;
         return;
     }
-    auto it = FAliasCount.find(alias);
-    if (it == FAliasCount.end())
+    int* count = FAliasCount.Find(alias);
+    if (!count)
         return;
-    it->second += delta;
-    if (it->second > 0)
+    *count += delta;
+    if (*count > 0)
         return;
-    FAliasCount.erase(it);
+    FAliasCount.Erase(alias);
     // A freed name1, name2, ... may be the lowest free counter of name again.
     for (size_t i = alias.size(); i > 0 && std::isdigit(static_cast<unsigned char>(alias[i - 1]));
          --i)
-        FCounterHint.erase(alias.substr(0, i - 1));
+        FCounterHint.Erase(alias.substr(0, i - 1));
 }
 
 std::string TVdTableDefs::GetUniqueAlias(const std::string& name, bool force)
@@ -503,8 +517,8 @@ std::string TVdTableDefs::GetUniqueAlias(const std::string& name, bool force)
     if (!force && !AliasUsed(name))
         return name;
     // Every counter below the hint is known to be taken: start the search behind it.
-    auto hint = FCounterHint.find(name);
-    int counter = hint == FCounterHint.end() ? 0 : hint->second;
+    const int* hint = FCounterHint.Find(name);
+    int counter = hint ? *hint : 0;
     std::string result;
     do {
         ++counter;
@@ -573,12 +587,13 @@ void TVdTableDefs::Clearing()
 {
     FFieldCount = 0;
     FJoinCount = 0;
-    FAliasCount.clear();
+    FAliasCount.Clear();
     FEmptyAliases = 0;
-    FCounterHint.clear();
+    FCounterHint.Clear();
     FByAlias.clear();
     FByName.clear();
-    FLookupValid = true;
+    // Built again when a statement holds more tables than a scan serves well.
+    FLookupValid = false;
 }
 
 void TVdTableDefs::UpdateJoins()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/VdCollection.h"
+#include "core/VdNameCounts.h"
 
 #include <cstdint>
 #include <memory>
@@ -142,6 +143,10 @@ private:
     static void LookupInsert(TLookup& lookup, const std::string& key, TVdTableDef* table);
     static void LookupErase(TLookup& lookup, const std::string& key, TVdTableDef* table);
     static TVdTableDef* LookupFind(const TLookup& lookup, const std::string& key);
+    // Up to this many tables a scan finds a table sooner than the lookup is kept up to date:
+    // the lookup is built only once a statement has more.
+    static constexpr int LinearLookupLimit = 16;
+    TVdTableDef* ScanFor(bool alias, const std::string& key) const;
     mutable TLookup FByAlias;
     mutable TLookup FByName;
     mutable bool FLookupValid = false;
@@ -151,10 +156,10 @@ private:
     // when there are any, so a long FROM list without joins is read in linear time.
     int FJoinCount = 0;
     // How many fields hold each alias; the empty alias of every new field is counted apart.
-    std::unordered_map<std::string, int> FAliasCount;
+    TVdNameCounts FAliasCount;
     int FEmptyAliases = 0;
     void CountAlias(const std::string& alias, int delta);
-    std::unordered_map<std::string, int> FCounterHint;
+    TVdNameCounts FCounterHint;
 };
 
 } // namespace vd

@@ -3,8 +3,15 @@
 #include "core/VdText.h"
 
 #include <algorithm>
+#include <atomic>
 
 namespace vd {
+
+std::uint64_t TVdWordList::NextStamp()
+{
+    static std::atomic<std::uint64_t> stamps{0};
+    return ++stamps;
+}
 
 void TVdWordList::Clear()
 {

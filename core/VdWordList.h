@@ -29,14 +29,23 @@ public:
     const std::string& operator[](int i) const { return FItems[size_t(i)]; }
     bool Sorted() const { return FSorted; }
     const std::vector<std::string>& Items() const { return FItems; }
+    // Changes with every change of the words, never the same for two different contents
+    // (0 for a list never filled): what a cache built from the list compares.
+    std::uint64_t Stamp() const { return FStamp; }
 
 private:
-    void Changed() { FIndexValid = false; }
+    void Changed()
+    {
+        FIndexValid = false;
+        FStamp = NextStamp();
+    }
+    static std::uint64_t NextStamp();
     void BuildIndex() const;
     int IndexOfEmpty() const;
 
     std::vector<std::string> FItems;
     bool FSorted = false;
+    std::uint64_t FStamp = 0;
     // Lookup without copying the probe: hash and compare ignore ASCII case.
     struct TNoCaseHash {
         using is_transparent = void;

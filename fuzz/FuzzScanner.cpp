@@ -43,9 +43,10 @@ bool SameState(const TVdSQLScanner::TState& a, const TVdSQLScanner::TState& b)
 {
     return a.Position == b.Position && a.Level == b.Level && a.LineNo == b.LineNo &&
            a.LinePos == b.LinePos && a.SpaceCount == b.SpaceCount && a.TokenStart == b.TokenStart &&
-           a.TokenEnd == b.TokenEnd && a.Token == b.Token && a.InString == b.InString &&
-           a.EmptyStringPending == b.EmptyStringPending && a.TokenQuoted == b.TokenQuoted &&
-           a.QuoteChar == b.QuoteChar && a.TokenQuote == b.TokenQuote && a.TokenKind == b.TokenKind;
+           a.TokenEnd == b.TokenEnd && a.TokenAt == b.TokenAt && a.TokenSize == b.TokenSize &&
+           a.InString == b.InString && a.EmptyStringPending == b.EmptyStringPending &&
+           a.TokenQuoted == b.TokenQuoted && a.QuoteChar == b.QuoteChar &&
+           a.TokenQuote == b.TokenQuote && a.TokenKind == b.TokenKind;
 }
 
 void CheckToken(int which, const TVdSQLScanner& scanner, int before, int lineBefore)
@@ -61,6 +62,12 @@ void CheckToken(int which, const TVdSQLScanner& scanner, int before, int lineBef
         Broken(which, "the line number went back", scanner);
     if (scanner.SpaceCount() < 0)
         Broken(which, "negative SpaceCount", scanner);
+    // A saved state keeps the token as the place of its text: that text must be the token.
+    const TVdSQLScanner::TState state = scanner.SaveState();
+    if (state.TokenAt < 0 || state.TokenSize != int(scanner.Token().size()) ||
+        scanner.Expression().compare(size_t(state.TokenAt), size_t(state.TokenSize),
+                                     scanner.Token()) != 0)
+        Broken(which, "the token is not the text at its saved place", scanner);
     if (kind == vd::tkEnd) {
         if (!scanner.Token().empty())
             Broken(which, "the end token has text", scanner);
@@ -88,6 +95,7 @@ void CheckToken(int which, const TVdSQLScanner& scanner, int before, int lineBef
 void CheckLookAhead(int which, TVdSQLScanner& scanner)
 {
     const TVdSQLScanner::TState before = scanner.SaveState();
+    const std::string token = scanner.Token();
     const std::string plus = scanner.GetTokenPlus();
     if (!SameState(before, scanner.SaveState()))
         Broken(which, "GetTokenPlus moved the scanner", scanner);
@@ -97,6 +105,8 @@ void CheckLookAhead(int which, TVdSQLScanner& scanner)
     if (scanner.Token() != plus)
         Broken(which, "GetTokenPlus gave [" + plus + "], the next token is another", scanner);
     scanner.RestoreState(before);
+    if (scanner.Token() != token)
+        Broken(which, "RestoreState gave back another token: [" + token + "]", scanner);
     for (const char c : {',', '(', ')', '.', '*'}) {
         if (scanner.NextIsDelim(c) != (delimNext && next == c))
             Broken(which, std::string("NextIsDelim('") + c + "') disagrees with the next token",

@@ -259,6 +259,18 @@ case_bench()
     expect_text "$WORK/err" "ERRORS vdsql 4 first: Invalid token 'SELEC' at position 1 of line 1.\n" \
         "bench errors line"
 
+    # The scanner alone: every statement scanned, an unterminated string counted as an error.
+    run_file bench --scan --repeat 2 "$WORK/good.sql"
+    expect_rc 0 "bench --scan"
+    expect_text "$WORK/err" "" "bench --scan: standard error"
+    pattern='^scan 6 152 [0-9]+\.[0-9]{6} [0-9]+\.[0-9]{2} [0-9]+\.[0-9]{2}$'
+    [[ $(wc -l <"$WORK/out") -eq 1 && $(cat "$WORK/out") =~ $pattern ]] ||
+        fail "bench --scan line: $(cat "$WORK/out")"
+    printf "SELECT A FROM T WHERE A = 'x\nSELEC X\n" >"$WORK/open.sql"
+    run_file bench --scan "$WORK/open.sql"
+    expect_rc 0 "bench --scan with an open string"
+    expect_text "$WORK/err" "ERRORS scan 1 first: Unterminated string.\n" "bench --scan errors line"
+
     run_file bench
     expect_rc 2 "bench without FILE"
     run_file bench --repeat 0 "$WORK/good.sql"
