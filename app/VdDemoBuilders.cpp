@@ -43,6 +43,8 @@ TVdDemoBuilder CreateDemoBuilder(const QString& dialect, TVdSqlEngine engine, QW
         made.Builder = new TSQLVandor(parent);
         made.Builder->SetQuoteIdentifiers(engine != TVdSqlEngine::PostgreSQL);
     }
+    // Pages tall enough for a grouped query's grid and a few nested conditions at a glance.
+    made.Builder->SetTabHeight(DemoTabHeight);
     return made;
 }
 

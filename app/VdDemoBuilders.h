@@ -19,6 +19,9 @@ class TVdOptionsPanel;
 // generic, interbase, firebird or mysql: the requested one, else the engine's.
 QString DemoDialectFor(TVdSqlEngine engine, const QString& requested);
 
+// The builder's pages in the demo (the component's default is 170).
+constexpr int DemoTabHeight = 230;
+
 struct TVdDemoBuilder {
     TCustomVandor* Builder = nullptr;
     // The InterBase/Firebird clause options; null for the other dialects.

@@ -108,7 +108,7 @@ QWidget* TVdDemoWindow::CreateCentre()
     centre->addWidget(bottom);
     centre->setStretchFactor(0, 3);
     centre->setStretchFactor(1, 2);
-    centre->setSizes({470, 260});
+    centre->setSizes({530, 200});
     return centre;
 }
 
