@@ -10,6 +10,7 @@
 #include "panels/VdCriterionRow.h"
 #include "resources/VdResource.h"
 
+#include <QContextMenuEvent>
 #include <QDragMoveEvent>
 #include <QDropEvent>
 #include <QHelpEvent>
@@ -482,6 +483,17 @@ void TVdCriterionPanel::mousePressEvent(QMouseEvent* event)
     FHotButton = element->Row();
     FHotStyle = vdsRaise;
     viewport()->update();
+}
+
+// The row menu opens under the right button too, where people look for it first.
+void TVdCriterionPanel::contextMenuEvent(QContextMenuEvent* event)
+{
+    TVdControl* element = ElementAt(event->pos());
+    if (!element || element->Row()->ControlCount() == 0)
+        return;
+    SetFocusElement(element->Row()->Controls(vdpNumber));
+    PrepareRowMenu(element->Row());
+    FRowMenu->popup(event->globalPos());
 }
 
 void TVdCriterionPanel::mouseReleaseEvent(QMouseEvent* event)

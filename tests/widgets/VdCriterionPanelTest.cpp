@@ -14,6 +14,8 @@
 #include "diagram/VdFloatTable.h"
 #include "panels/VdCriterionPanel.h"
 
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -395,6 +397,35 @@ TEST_F(VdCriterionPanelTest, CtrlArrowTogglesGroupAndEnterOpensEditor)
     QTest::keyClick(&W(), Qt::Key_Return);
     EXPECT_TRUE(W().Editor()->isVisibleTo(&W()));
     EXPECT_EQ(W().EditElement(), RowAt(W(), "2.")->Controls(vdpField));
+}
+
+TEST_F(VdCriterionPanelTest, RightClickOnARowOpensItsRowMenuWithTheRowInFocus)
+{
+    E.Load("SELECT * FROM T WHERE ((A = 1) OR (B = 2)) AND (C = 3)");
+    W().show();
+    TVdCriterionRow* row = RowAt(W(), "2.");
+    const QPoint onField(row->Controls(vdpField)->Left + 2, row->GetTopBound() + 5);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, onField,
+                            W().viewport()->mapToGlobal(onField));
+    QApplication::sendEvent(W().viewport(), &event);
+    EXPECT_TRUE(W().RowMenu()->isVisible());
+    EXPECT_EQ(W().FocusElement(), row->Controls(vdpNumber));
+    // Prepared for this simple row: it may be composed and deleted, not collapsed.
+    EXPECT_TRUE(W().ComposeAction()->isEnabled());
+    EXPECT_TRUE(W().DeleteAction()->isEnabled());
+    EXPECT_FALSE(W().ExpandAction()->isEnabled());
+    W().RowMenu()->hide();
+    ASSERT_FALSE(W().RowMenu()->isVisible());
+    // Off every element nothing opens.
+    // Right of every element of the root row.
+    int right = 0;
+    for (int i = 0; i < Root()->ControlCount(); ++i)
+        right = std::max(right, Root()->Controls(i)->Right());
+    const QPoint corner(right + 3 - W().horizontalScrollBar()->value(),
+                        2 - W().verticalScrollBar()->value());
+    QContextMenuEvent empty(QContextMenuEvent::Mouse, corner, W().viewport()->mapToGlobal(corner));
+    QApplication::sendEvent(W().viewport(), &empty);
+    EXPECT_FALSE(W().RowMenu()->isVisible());
 }
 
 TEST_F(VdCriterionPanelTest, InsertAddsCtrlInsertComposesCtrlDeleteDeletes)
