@@ -190,15 +190,21 @@ void TCustomVandor::HandleSelectField(const QString& fieldValue, const QString& 
     if (!field)
         field = def->FieldDefs().Add();
     field->SetAlias(alias);
+    // A name set again would count as taken by the field itself: its alias would turn into
+    // name1 when nothing changed.
+    auto rename = [field](const std::string& name) {
+        if (field->Name() != name)
+            field->SetName(name);
+    };
     if (!aggregateValue.isEmpty()) {
-        field->SetName(ToStdString(aggregateValue));
+        rename(ToStdString(aggregateValue));
         field->SetKind(fkFunction);
         field->Arguments().Clear();
         TVdFunctionDef* argument = field->Arguments().Add();
         argument->SetName(ToStdString(fieldPart));
         argument->SetKind(fkIdentifier);
     } else {
-        field->SetName(ToStdString(fieldPart));
+        rename(ToStdString(fieldPart));
         field->SetKind(fkIdentifier);
         field->Arguments().Clear();
     }

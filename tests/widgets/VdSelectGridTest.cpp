@@ -512,3 +512,17 @@ TEST_F(VdSelectGridTest, TheDistinctBoxSetsTheParserAndThePrint)
     Load("SELECT DISTINCT C.NAME FROM CUSTOMER C", 1);
     EXPECT_TRUE(box->isChecked());
 }
+
+TEST_F(VdSelectGridTest, CommittingAnUnchangedAggregateChangesNothing)
+{
+    // The combo editor committed as it was (the user opened its list and left it): the row
+    // still selects the same field under the same name.
+    Load("SELECT C.NAME, C.CITY, O.ORDERNO FROM CUSTOMER C INNER JOIN ORDERS O ON (C.CUSTNO = "
+         "O.CUSTNO)",
+         1);
+    const std::string before = Sql();
+    TypeInCell(2, 1, QString());
+    EXPECT_EQ(Row(2), QStringList({"ORDERNO", "", "O.ORDERNO"}));
+    EXPECT_TRUE(vdcheck::CheckModel(Parser()));
+    EXPECT_EQ(Sql(), before);
+}
