@@ -620,6 +620,10 @@ void TVdTableDefs::UpdateFieldAliases()
             ++aliases[fields.Items(f)->Alias()];
         for (int f = 0; f < fields.Count(); ++f) {
             TVdFieldDef* field = fields.Items(f);
+            // A field printed under an alias of its own ("NAME AS N2") clashes with nobody
+            // whose alias is its name: renewing it would rename a column the user named.
+            if (!field->Alias().empty() && field->Alias() != field->Name())
+                continue;
             auto it = aliases.find(field->Name());
             const int others =
                 (it == aliases.end() ? 0 : it->second) - (field->Alias() == field->Name() ? 1 : 0);

@@ -640,8 +640,10 @@ TEST(VdFieldDef, EndUpdateRenewsAFieldWhoseNameIsAnotherFieldsAlias)
     EXPECT_EQ(b->Alias(), "A");
 }
 
-TEST(VdFieldDef, EndUpdateRenewsTheAliasWhateverItWas)
+TEST(VdFieldDef, EndUpdateKeepsAnAliasOfTheFieldsOwn)
 {
+    // A prints as "A AS X": B taking the alias A clashes with no column, so X stays (renewing
+    // it renamed a column the user had named).
     TVdSelectParser p;
     TVdTableDef* t = AddTable(p, "T");
     TVdFieldDef* a = AddField(*t, "A");
@@ -651,11 +653,11 @@ TEST(VdFieldDef, EndUpdateRenewsTheAliasWhateverItWas)
     b->SetAlias("A");
     p.TableDefs().EndUpdate();
     EXPECT_MODEL_OK(p);
-    EXPECT_EQ(a->Alias(), "A1");
+    EXPECT_EQ(a->Alias(), "X");
     EXPECT_EQ(b->Alias(), "A");
 }
 
-TEST(VdFieldDef, EndUpdateGivesExpressionColumnsAFieldAlias)
+TEST(VdFieldDef, EndUpdateKeepsAnExpressionColumnsFieldAlias)
 {
     TVdSelectParser p;
     TVdTableDef* t = AddTable(p, "T");
@@ -666,8 +668,7 @@ TEST(VdFieldDef, EndUpdateGivesExpressionColumnsAFieldAlias)
     y->SetAlias("A + B");
     p.TableDefs().EndUpdate();
     EXPECT_MODEL_OK(p);
-    // FIELD_1 is still taken by the field itself when the new alias is chosen.
-    EXPECT_EQ(x->Alias(), "FIELD_2");
+    EXPECT_EQ(x->Alias(), "FIELD_1");
     EXPECT_EQ(y->Alias(), "A + B");
 }
 

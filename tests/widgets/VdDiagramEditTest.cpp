@@ -219,3 +219,15 @@ TEST_F(VdDiagramEditTest, DeletingTheLinkDropsTheJoinCondition)
     EXPECT_FALSE(printed.contains(QStringLiteral("JOIN")));
     EXPECT_TRUE(vdcheck::CheckModel(*Vandor.Parser()));
 }
+
+TEST_F(VdDiagramEditTest, LoadingKeepsAColumnsOwnAliasBesideTheSameColumnUnaliased)
+{
+    // The second column is the user's N2, not a renewed NAME1: the load prints what the core
+    // prints.
+    const QString text = QStringLiteral("SELECT C.NAME, C.NAME AS N2 FROM CUSTOMER C");
+    Vandor.SetSQL(text);
+    EXPECT_EQ(Printed(), ToStdString(CorePrint(text)));
+    EXPECT_EQ(Printed(), "SELECT \r\n  \"C\".\"NAME\",\r\n  \"C\".\"NAME\" AS N2\r\nFROM\r\n"
+                         "  \"CUSTOMER\" C\r\n");
+    EXPECT_TRUE(vdcheck::CheckModel(*Vandor.Parser()));
+}
