@@ -7,6 +7,7 @@
 #include "builder/VdPageControl.h"
 #include "builder/VdProc.h"
 #include "builder/VdQtText.h"
+#include "builder/VdQualifierRename.h"
 #include "builder/VdTableList.h"
 #include "diagram/VdFloatPanel.h"
 #include "diagram/VdFloatTable.h"
@@ -153,6 +154,7 @@ void TCustomVandor::HandleChangeAlias(TVdTable* table, const QString& oldAlias)
     const QString newAlias = table->GetAlias();
     if (def)
         def->SetAlias(ToStdString(newAlias));
+    RenameQualifier(*FParser, ToStdString(newAlias), ToStdString(oldAlias));
     const TVdSQLScanner& scanner = FParser->Scanner();
     const QString newName = ToQString(scanner.ProcessName(ToStdString(newAlias)));
     const QString oldName = ToQString(scanner.ProcessName(ToStdString(oldAlias)));
