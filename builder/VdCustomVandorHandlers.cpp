@@ -300,9 +300,13 @@ void TCustomVandor::HandleChangeFieldAlias(const QString& fieldValue, const QStr
     SplitFieldValue(fieldValue, tablePart, fieldPart);
     TVdTableDef* def = FindDef(tablePart);
     TVdFieldDef* field = def ? def->FieldDefs().FindByAlias(ToStdString(aliasValue)) : nullptr;
-    if (!field)
+    if (!field || newAlias == aliasValue)
         return;
-    field->SetAlias(ToStdString(newAlias));
+    // Two output columns of one name would read back as name and name1: the row takes the
+    // name the statement will give it.
+    const std::string alias = FParser->TableDefs().GetUniqueAlias(ToStdString(newAlias), false);
+    newAlias = ToQString(alias);
+    field->SetAlias(alias);
     emit sqlChanged();
 }
 

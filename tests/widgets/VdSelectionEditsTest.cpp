@@ -109,3 +109,36 @@ TEST_F(VdSelectionEditsTest, RenamingOneTableLeavesAnotherTablesSortEntriesAlone
                      "JOIN ORDERS OR1 ON (C.CUSTNO = OR1.CUSTNO)\r\nORDER BY\r\n  OR1.ORDERNO,\r\n"
                      "  C.NAME\r\n");
 }
+
+TEST_F(VdSelectionEditsTest, AnOutputNameTakenByAnotherRowIsMadeUnique)
+{
+    Load("SELECT C.NAME, C.CITY FROM CUSTOMER C", 1);
+    TypeInCell(0, 0, QStringLiteral("CITY"));
+    ExpectSound();
+    // Two columns named CITY would read back as CITY and CITY1: the row shows the name the
+    // statement gives it.
+    EXPECT_EQ(Row(0), QStringList({"CITY1", "", "C.NAME"}));
+    EXPECT_EQ(Sql(), "SELECT \r\n  C.NAME AS CITY1,\r\n  C.CITY\r\nFROM\r\n  CUSTOMER C\r\n");
+    // Back by hand, then the same name committed again: nothing more changes.
+    TypeInCell(0, 0, QStringLiteral("NAME"));
+    EXPECT_EQ(Row(0), QStringList({"NAME", "", "C.NAME"}));
+    EXPECT_EQ(Sql(), "SELECT \r\n  C.NAME,\r\n  C.CITY\r\nFROM\r\n  CUSTOMER C\r\n");
+    Changed->clear();
+    TypeInCell(0, 0, QStringLiteral("NAME"));
+    EXPECT_EQ(Row(0), QStringList({"NAME", "", "C.NAME"}));
+    EXPECT_EQ(Sql(), "SELECT \r\n  C.NAME,\r\n  C.CITY\r\nFROM\r\n  CUSTOMER C\r\n");
+    EXPECT_EQ(Changed->count(), 0);
+    ExpectSound();
+}
+
+TEST_F(VdSelectionEditsTest, AnOutputNameTakenInAnotherTableIsMadeUniqueToo)
+{
+    Load("SELECT C.NAME, O.ORDERNO FROM CUSTOMER C INNER JOIN ORDERS O ON (C.CUSTNO = "
+         "O.CUSTNO)",
+         1);
+    TypeInCell(1, 0, QStringLiteral("NAME"));
+    ExpectSound();
+    EXPECT_EQ(Row(1), QStringList({"NAME1", "", "O.ORDERNO"}));
+    EXPECT_EQ(Sql(), "SELECT \r\n  C.NAME,\r\n  O.ORDERNO AS NAME1\r\nFROM\r\n  CUSTOMER C \r\n  "
+                     "INNER JOIN ORDERS O ON (C.CUSTNO = O.CUSTNO)\r\n");
+}
