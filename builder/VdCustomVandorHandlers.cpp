@@ -144,10 +144,12 @@ void TCustomVandor::HandleRemoveTable(QObject*, TVdFloatObject* object)
     emit sqlChanged();
 }
 
-void TCustomVandor::HandleChangeAlias(TVdTable* table, const QString& oldAlias)
+void TCustomVandor::HandleChangeAlias(TVdTable* table, const QString& previousAlias)
 {
     if (!table)
         return;
+    // A table without an alias of its own went by its name: that is the name to replace.
+    const QString oldAlias = previousAlias.isEmpty() ? table->TableName() : previousAlias;
     TVdTableDefs& defs = FParser->TableDefs();
     TVdTableDef* def = oldAlias == table->TableName() ? defs.FindByName(ToStdString(oldAlias))
                                                       : defs.FindByAlias(ToStdString(oldAlias));

@@ -142,3 +142,18 @@ TEST_F(VdSelectionEditsTest, AnOutputNameTakenInAnotherTableIsMadeUniqueToo)
     EXPECT_EQ(Sql(), "SELECT \r\n  C.NAME,\r\n  O.ORDERNO AS NAME1\r\nFROM\r\n  CUSTOMER C \r\n  "
                      "INNER JOIN ORDERS O ON (C.CUSTNO = O.CUSTNO)\r\n");
 }
+
+TEST_F(VdSelectionEditsTest, NamingATableThatHadNoAliasPrintsTheAliasEverywhere)
+{
+    Load("SELECT CUSTOMER.NAME FROM CUSTOMER ORDER BY CUSTOMER.CITY", 1);
+    RenameTable("CUSTOMER", "C");
+    ExpectSound();
+    EXPECT_EQ(Row(0), QStringList({"NAME", "", "C.NAME"}));
+    EXPECT_EQ(Sql(), "SELECT \r\n  C.NAME\r\nFROM\r\n  CUSTOMER C\r\nORDER BY\r\n  C.CITY\r\n");
+    // Given its own name again, it goes back to no alias.
+    RenameTable("C", "CUSTOMER");
+    ExpectSound();
+    EXPECT_EQ(Row(0), QStringList({"NAME", "", "CUSTOMER.NAME"}));
+    EXPECT_EQ(Sql(), "SELECT \r\n  CUSTOMER.NAME\r\nFROM\r\n  CUSTOMER\r\nORDER BY\r\n  "
+                     "CUSTOMER.CITY\r\n");
+}
