@@ -302,7 +302,12 @@ void TCustomVandor::HandleChangeFieldAlias(const QString& fieldValue, const QStr
     SplitFieldValue(fieldValue, tablePart, fieldPart);
     TVdTableDef* def = FindDef(tablePart);
     TVdFieldDef* field = def ? def->FieldDefs().FindByAlias(ToStdString(aliasValue)) : nullptr;
-    if (!field || newAlias == aliasValue)
+    if (!field)
+        return;
+    // A column always has a name: a blank cell would show one the statement does not print.
+    if (newAlias.trimmed().isEmpty())
+        newAlias = aliasValue;
+    if (newAlias == aliasValue)
         return;
     // Two output columns of one name would read back as name and name1: the row takes the
     // name the statement will give it.

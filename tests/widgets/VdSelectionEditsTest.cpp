@@ -157,3 +157,17 @@ TEST_F(VdSelectionEditsTest, NamingATableThatHadNoAliasPrintsTheAliasEverywhere)
     EXPECT_EQ(Sql(), "SELECT \r\n  CUSTOMER.NAME\r\nFROM\r\n  CUSTOMER\r\nORDER BY\r\n  "
                      "CUSTOMER.CITY\r\n");
 }
+
+TEST_F(VdSelectionEditsTest, ClearingAnOutputNameKeepsTheNameTheColumnHad)
+{
+    Load("SELECT C.NAME AS N, C.CITY FROM CUSTOMER C", 1);
+    TypeInCell(0, 0, QString());
+    ExpectSound();
+    // A column always has a name: the blank cell would show one the statement does not have.
+    EXPECT_EQ(Row(0), QStringList({"N", "", "C.NAME"}));
+    EXPECT_EQ(Sql(), "SELECT \r\n  C.NAME AS N,\r\n  C.CITY\r\nFROM\r\n  CUSTOMER C\r\n");
+    TypeInCell(1, 0, QString());
+    EXPECT_EQ(Row(1), QStringList({"CITY", "", "C.CITY"}));
+    EXPECT_EQ(Sql(), "SELECT \r\n  C.NAME AS N,\r\n  C.CITY\r\nFROM\r\n  CUSTOMER C\r\n");
+    ExpectSound();
+}
