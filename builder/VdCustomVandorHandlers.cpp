@@ -7,6 +7,7 @@
 #include "builder/VdPageControl.h"
 #include "builder/VdProc.h"
 #include "builder/VdQtText.h"
+#include "builder/VdQualifierRename.h"
 #include "builder/VdTableList.h"
 #include "diagram/VdFloatPanel.h"
 #include "diagram/VdFloatTable.h"
@@ -143,16 +144,19 @@ void TCustomVandor::HandleRemoveTable(QObject*, TVdFloatObject* object)
     emit sqlChanged();
 }
 
-void TCustomVandor::HandleChangeAlias(TVdTable* table, const QString& oldAlias)
+void TCustomVandor::HandleChangeAlias(TVdTable* table, const QString& previousAlias)
 {
     if (!table)
         return;
+    // A table without an alias of its own went by its name: that is the name to replace.
+    const QString oldAlias = previousAlias.isEmpty() ? table->TableName() : previousAlias;
     TVdTableDefs& defs = FParser->TableDefs();
     TVdTableDef* def = oldAlias == table->TableName() ? defs.FindByName(ToStdString(oldAlias))
                                                       : defs.FindByAlias(ToStdString(oldAlias));
     const QString newAlias = table->GetAlias();
     if (def)
         def->SetAlias(ToStdString(newAlias));
+    RenameQualifier(*FParser, ToStdString(newAlias), ToStdString(oldAlias));
     const TVdSQLScanner& scanner = FParser->Scanner();
     const QString newName = ToQString(scanner.ProcessName(ToStdString(newAlias)));
     const QString oldName = ToQString(scanner.ProcessName(ToStdString(oldAlias)));
@@ -300,7 +304,16 @@ void TCustomVandor::HandleChangeFieldAlias(const QString& fieldValue, const QStr
     TVdFieldDef* field = def ? def->FieldDefs().FindByAlias(ToStdString(aliasValue)) : nullptr;
     if (!field)
         return;
-    field->SetAlias(ToStdString(newAlias));
+    // A column always has a name: a blank cell would show one the statement does not print.
+    if (newAlias.trimmed().isEmpty())
+        newAlias = aliasValue;
+    if (newAlias == aliasValue)
+        return;
+    // Two output columns of one name would read back as name and name1: the row takes the
+    // name the statement will give it.
+    const std::string alias = FParser->TableDefs().GetUniqueAlias(ToStdString(newAlias), false);
+    newAlias = ToQString(alias);
+    field->SetAlias(alias);
     emit sqlChanged();
 }
 
