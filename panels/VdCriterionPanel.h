@@ -248,6 +248,7 @@ private:
     TVdControl* FActiveElement = nullptr;
     TVdControl* FFocusElement = nullptr;
     TVdControl* FEditElement = nullptr;
+    QString FEditOpenedWith; // the editor's text when it opened
     TVdControl* FDropElement = nullptr;
     // The row whose button the pointer is over or pressing, and how it is drawn.
     TVdCriterionRow* FHotButton = nullptr;

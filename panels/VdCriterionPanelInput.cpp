@@ -262,7 +262,8 @@ void TVdCriterionPanel::OpenEditor(TVdControl* element, int top)
                                                            : QString();
     FEditElement = nullptr;
     FEditor->setFont(ItemFont());
-    FEditor->setPlainText(text.trimmed().isEmpty() ? QString() : text);
+    FEditOpenedWith = text.trimmed().isEmpty() ? QString() : text;
+    FEditor->setPlainText(FEditOpenedWith);
     FEditor->move(element->Left - horizontalScrollBar()->value(), top + 2);
     FEditor->resize(element->Width, FRowHeight - 3);
     FEditElement = element;
@@ -290,7 +291,12 @@ void TVdCriterionPanel::SetFieldText()
     FEditElement = nullptr;
     FEditor->hide();
     FFieldList->hide();
-    ApplyText(element, OneLine(FEditor->toPlainText()));
+    // Leaving the editor as it opened changes nothing: an argument shown empty may stand for
+    // an operand the row does not list (a second aggregate's).
+    const QString text = OneLine(FEditor->toPlainText());
+    if (text == OneLine(FEditOpenedWith))
+        return;
+    ApplyText(element, text);
 }
 
 void TVdCriterionPanel::CancelEdit()
