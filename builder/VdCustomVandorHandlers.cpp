@@ -2,8 +2,9 @@
 // of the active sheet where that is the rule.
 
 #include "builder/VdCustomVandor.h"
-#include "builder/VdOutputOrder.h"
 
+#include "builder/VdAliasText.h"
+#include "builder/VdOutputOrder.h"
 #include "builder/VdPageControl.h"
 #include "builder/VdProc.h"
 #include "builder/VdQtText.h"
@@ -143,10 +144,12 @@ void TCustomVandor::HandleRemoveTable(QObject*, TVdFloatObject* object)
     emit sqlChanged();
 }
 
-void TCustomVandor::HandleChangeAlias(TVdTable* table, const QString& oldAlias)
+void TCustomVandor::HandleChangeAlias(TVdTable* table, const QString& oldAliasGiven)
 {
     if (!table)
         return;
+    // A table without an alias was known to the statement by its name.
+    const QString oldAlias = oldAliasGiven.trimmed().isEmpty() ? table->TableName() : oldAliasGiven;
     TVdTableDefs& defs = FParser->TableDefs();
     TVdTableDef* def = oldAlias == table->TableName() ? defs.FindByName(ToStdString(oldAlias))
                                                       : defs.FindByAlias(ToStdString(oldAlias));
@@ -162,8 +165,32 @@ void TCustomVandor::HandleChangeAlias(TVdTable* table, const QString& oldAlias)
         FHavingPanel->ChangeAlias(newName, oldName);
     if (FSelectPanel)
         FSelectPanel->Grid()->ChangeAlias(newAlias, oldAlias);
+    RenameKeptGroupings(newName, oldName, newAlias, oldAlias);
     RefreshActivePage();
     emit sqlChanged();
+}
+
+// What the statement groups by beyond its output fields is kept as read: a qualifier there
+// follows the table's new alias too, or GROUP BY would name a table the FROM no longer has.
+void TCustomVandor::RenameKeptGroupings(const QString& newName, const QString& oldName,
+                                        const QString& newAlias, const QString& oldAlias)
+{
+    TVdGroupByItems& groups = FParser->GroupByItems();
+    std::vector<std::string> kept = groups.KeptItems();
+    bool changed = false;
+    for (std::string& item : kept) {
+        QString text = ToQString(item);
+        text = RenameQualifierInText(text, newName, oldName);
+        if (newAlias != newName || oldAlias != oldName)
+            text = RenameQualifierInText(text, newAlias, oldAlias);
+        changed = changed || ToStdString(text) != item;
+        item = ToStdString(text);
+    }
+    if (!changed)
+        return;
+    groups.ClearKept();
+    for (const std::string& item : kept)
+        groups.AddKept(item);
 }
 
 void TCustomVandor::HandleSelectField(const QString& fieldValue, const QString& aggregateValue,

@@ -13,6 +13,7 @@
 #include "diagram/VdFloatPanel.h"
 #include "diagram/VdFloatTable.h"
 
+#include <QLineEdit>
 #include <QTest>
 
 using namespace vd;
@@ -99,4 +100,35 @@ TEST_F(VdCriteriaEditsTest, CommittingUntouchedArgumentKeepsSecondAggregateOpera
     Edit(H(), QStringLiteral("1."), vdpFirstArgument, &typed);
     EXPECT_NE(Sql().find("(SUM(O.AMOUNT) > SUM(O.CUSTNO))"), std::string::npos) << Sql();
     EXPECT_TRUE(vdcheck::CheckModel(*Vandor.Parser()));
+}
+
+// A table shown under its own name gets an alias in the diagram: the FROM item and every
+// condition that names the table follow, and taking the alias away again brings them back.
+TEST_F(VdCriteriaEditsTest, AliasGivenToUnaliasedTableRenamesFromAndConditions)
+{
+    Vandor.SetSQL(QStringLiteral("SELECT CUSTOMER.NAME FROM CUSTOMER WHERE CUSTOMER.CUSTNO = 1 "
+                                 "GROUP BY CUSTOMER.NAME HAVING COUNT(CUSTOMER.CUSTNO) > 1"));
+    TVdTable* customer = Vandor.TableList()->FindByAlias(QStringLiteral("CUSTOMER"));
+    ASSERT_NE(customer, nullptr);
+    TVdWorkArea& area = *Vandor.WorkArea();
+    const auto rename = [&](const QString& alias) {
+        customer->HandleRenameTable();
+        area.AliasEdit()->setText(alias);
+        QTest::keyClick(area.AliasEdit(), Qt::Key_Return);
+    };
+    rename(QStringLiteral("K"));
+    EXPECT_EQ(Sql(), "SELECT \r\n  K.NAME\r\nFROM\r\n  CUSTOMER K\r\n"
+                     "WHERE\r\n  (K.CUSTNO = 1)\r\nGROUP BY\r\n  K.NAME\r\n"
+                     "HAVING\r\n  (COUNT(K.CUSTNO) > 1)\r\n");
+    EXPECT_EQ(W().Text(), QStringLiteral("1. K.CUSTNO = 1"));
+    EXPECT_EQ(H().Text(), QStringLiteral("1. COUNT K.CUSTNO > 1"));
+    ExpectConsistent();
+    customer = Vandor.TableList()->FindByAlias(QStringLiteral("K"));
+    ASSERT_NE(customer, nullptr);
+    rename(QStringLiteral("CUSTOMER"));
+    EXPECT_EQ(Sql(), "SELECT \r\n  CUSTOMER.NAME\r\nFROM\r\n  CUSTOMER\r\n"
+                     "WHERE\r\n  (CUSTOMER.CUSTNO = 1)\r\nGROUP BY\r\n  CUSTOMER.NAME\r\n"
+                     "HAVING\r\n  (COUNT(CUSTOMER.CUSTNO) > 1)\r\n");
+    EXPECT_EQ(W().Text(), QStringLiteral("1. CUSTOMER.CUSTNO = 1"));
+    ExpectConsistent();
 }
