@@ -467,6 +467,11 @@ void TVdCriterionPanel::MakeCompositCondition()
             copy->SetLeftSide(old->LeftSide());
             copy->SetRightSide(old->RightSide());
             copy->SetOperator(old->Operator());
+            // The condition lives on in the child only: a group emptied later must not
+            // print it again.
+            old->LeftSide().Clear();
+            old->RightSide().Clear();
+            old->SetOperator(std::string());
         }
         child->SetCriterion(copy);
     }

@@ -132,3 +132,31 @@ TEST_F(VdCriteriaEditsTest, AliasGivenToUnaliasedTableRenamesFromAndConditions)
     EXPECT_EQ(W().Text(), QStringLiteral("1. CUSTOMER.CUSTNO = 1"));
     ExpectConsistent();
 }
+
+// Composing moves the condition into the group's first child: deleting that child leaves an
+// empty group, and the old condition must not come back in the statement.
+TEST_F(VdCriteriaEditsTest, DeletingTheOnlyChildOfAComposedGroupLeavesNoCondition)
+{
+    Vandor.SetSQL(
+        QStringLiteral("SELECT C.NAME FROM CUSTOMER C WHERE C.CUSTNO = 1 AND C.NAME = 'A'"));
+    W().SetActiveElement(RowAt(W(), "1.")->Controls(vdpNumber));
+    W().MakeCompositCondition();
+    EXPECT_EQ(Sql(), "SELECT \r\n  C.NAME\r\nFROM\r\n  CUSTOMER C\r\n"
+                     "WHERE\r\n  ((C.CUSTNO = 1)) AND \r\n  (C.NAME = 'A')\r\n");
+    W().SetActiveElement(RowAt(W(), "1.1.")->Controls(vdpNumber));
+    W().DeleteCondition();
+    EXPECT_EQ(W().Text(), QStringLiteral("1. All of following are met\n2. C.NAME = 'A'"));
+    EXPECT_EQ(Sql().find("C.CUSTNO"), std::string::npos) << Sql();
+    EXPECT_TRUE(vdcheck::CheckModel(*Vandor.Parser()));
+    // Adding into the emptied group gives it a fresh condition only.
+    W().SetActiveElement(RowAt(W(), "1.")->Controls(vdpNumber));
+    W().AddCondition();
+    const QString field = QStringLiteral("C.CUSTNO");
+    Edit(W(), QStringLiteral("1.1."), vdpField, &field);
+    const QString value = QStringLiteral("2");
+    Edit(W(), QStringLiteral("1.1."), vdpFirstArgument, &value);
+    EXPECT_EQ(Sql(), "SELECT \r\n  C.NAME\r\nFROM\r\n  CUSTOMER C\r\n"
+                     "WHERE\r\n  ((C.CUSTNO = 2)) AND \r\n  (C.NAME = 'A')\r\n");
+    // (A one-condition group reads back as the condition itself, so no reload here.)
+    EXPECT_TRUE(vdcheck::CheckModel(*Vandor.Parser()));
+}
