@@ -236,8 +236,8 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void RenameKeptGroupings(const QString& newName, const QString& oldName,
-                             const QString& newAlias, const QString& oldAlias);
+    void RenameKeptQualifiers(const QString& newName, const QString& oldName,
+                              const QString& newAlias, const QString& oldAlias);
     void CreateImages();
     void CreatePages();
     void CreateSheetViews();

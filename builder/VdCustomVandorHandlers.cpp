@@ -165,32 +165,49 @@ void TCustomVandor::HandleChangeAlias(TVdTable* table, const QString& oldAliasGi
         FHavingPanel->ChangeAlias(newName, oldName);
     if (FSelectPanel)
         FSelectPanel->Grid()->ChangeAlias(newAlias, oldAlias);
-    RenameKeptGroupings(newName, oldName, newAlias, oldAlias);
+    RenameKeptQualifiers(newName, oldName, newAlias, oldAlias);
     RefreshActivePage();
     emit sqlChanged();
 }
 
-// What the statement groups by beyond its output fields is kept as read: a qualifier there
-// follows the table's new alias too, or GROUP BY would name a table the FROM no longer has.
-void TCustomVandor::RenameKeptGroupings(const QString& newName, const QString& oldName,
-                                        const QString& newAlias, const QString& oldAlias)
+// What the statement groups by beyond its output fields, and what it orders by, is kept as
+// read: a qualifier there follows the table's new alias too, or the statement would name a
+// table its FROM no longer has.
+void TCustomVandor::RenameKeptQualifiers(const QString& newName, const QString& oldName,
+                                         const QString& newAlias, const QString& oldAlias)
 {
+    const auto rename = [&](const std::string& item) {
+        QString text = RenameQualifierInText(ToQString(item), newName, oldName);
+        if (newAlias != newName || oldAlias != oldName)
+            text = RenameQualifierInText(text, newAlias, oldAlias);
+        return ToStdString(text);
+    };
     TVdGroupByItems& groups = FParser->GroupByItems();
     std::vector<std::string> kept = groups.KeptItems();
     bool changed = false;
     for (std::string& item : kept) {
-        QString text = ToQString(item);
-        text = RenameQualifierInText(text, newName, oldName);
-        if (newAlias != newName || oldAlias != oldName)
-            text = RenameQualifierInText(text, newAlias, oldAlias);
-        changed = changed || ToStdString(text) != item;
-        item = ToStdString(text);
+        const std::string renamed = rename(item);
+        changed = changed || renamed != item;
+        item = renamed;
     }
-    if (!changed)
-        return;
-    groups.ClearKept();
-    for (const std::string& item : kept)
-        groups.AddKept(item);
+    if (changed) {
+        groups.ClearKept();
+        for (const std::string& item : kept)
+            groups.AddKept(item);
+    }
+    TVdOrderByItems& orders = FParser->OrderByItems();
+    TVdOrderByItems renamed;
+    changed = false;
+    for (int i = 0; i < orders.Count(); ++i) {
+        const std::string line = rename(orders[i]);
+        changed = changed || line != orders[i];
+        if (orders.IsExpression(i))
+            renamed.AddExpression(line, orders.Orders(i));
+        else
+            renamed.AddOrdered(line, orders.Orders(i));
+    }
+    if (changed)
+        orders.Assign(renamed);
 }
 
 void TCustomVandor::HandleSelectField(const QString& fieldValue, const QString& aggregateValue,

@@ -160,3 +160,17 @@ TEST_F(VdCriteriaEditsTest, DeletingTheOnlyChildOfAComposedGroupLeavesNoConditio
     // (A one-condition group reads back as the condition itself, so no reload here.)
     EXPECT_TRUE(vdcheck::CheckModel(*Vandor.Parser()));
 }
+
+// ORDER BY names the table by its alias as well: it follows a rename made in the diagram.
+TEST_F(VdCriteriaEditsTest, AliasRenamedInDiagramRenamesOrderByItems)
+{
+    Vandor.SetSQL(QStringLiteral("SELECT C.NAME FROM CUSTOMER C WHERE C.CUSTNO = 1 "
+                                 "ORDER BY C.NAME DESC, UPPER(C.NAME)"));
+    TVdTable* customer = Vandor.TableList()->FindByAlias(QStringLiteral("C"));
+    ASSERT_NE(customer, nullptr);
+    Vandor.WorkArea()->CommitAlias(customer, QStringLiteral("K"));
+    EXPECT_EQ(Sql(), "SELECT \r\n  K.NAME\r\nFROM\r\n  CUSTOMER K\r\n"
+                     "WHERE\r\n  (K.CUSTNO = 1)\r\n"
+                     "ORDER BY\r\n  K.NAME DESC,\r\n  UPPER(K.NAME)\r\n");
+    ExpectConsistent();
+}
