@@ -25,6 +25,9 @@ namespace {
 
 void SetTyped(TVdFunctionDef& node, const QString& text)
 {
+    // Typed text stands for the whole expression: no operands of what it replaces remain.
+    if (node.ArgumentList())
+        node.Arguments().Clear();
     node.SetName(ToStdString(text));
     node.SetKind(fkExpression);
 }
@@ -337,9 +340,17 @@ void TVdCriterionPanel::WriteArgument(TVdCriterionRow* row, int index, const QSt
     while (arguments.Count() <= index)
         arguments.Add();
     TVdFunctionDef& node = *arguments.Items(index);
+    const TVdWordList* aggregates = GetAggregates();
+    // A later aggregate shows its single operand in its place (filling the rows): the text
+    // goes there, so the aggregate stays.
+    const bool laterAggregate = index > 0 && FUsesAggregates && aggregates &&
+                                !node.Name().empty() && aggregates->IndexOf(node.Name()) >= 0 &&
+                                node.ArgumentCount() == 1;
     if (index == 0 && !row->AggregateFunc2().trimmed().isEmpty()) {
         node.Arguments().Clear();
         SetTyped(*node.Arguments().Add(), text);
+    } else if (laterAggregate) {
+        SetTyped(*node.Arguments().Items(0), text);
     } else {
         SetTyped(node, text);
     }

@@ -15,6 +15,9 @@ constexpr int ElementGap = 5;
 // The expression receiving a typed text is printed back exactly as typed.
 void SetTyped(TVdFunctionDef& node, const QString& text)
 {
+    // Typed text stands for the whole expression: no operands of what it replaces remain.
+    if (node.ArgumentList())
+        node.Arguments().Clear();
     node.SetName(ToStdString(text));
     node.SetKind(fkExpression);
 }

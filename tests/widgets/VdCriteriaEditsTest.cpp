@@ -174,3 +174,36 @@ TEST_F(VdCriteriaEditsTest, AliasRenamedInDiagramRenamesOrderByItems)
                      "ORDER BY\r\n  K.NAME DESC,\r\n  UPPER(K.NAME)\r\n");
     ExpectConsistent();
 }
+
+// A later argument that is an aggregate shows only its operand; editing that operand keeps
+// the aggregate around it.
+TEST_F(VdCriteriaEditsTest, EditingAnAggregatedLaterArgumentKeepsItsAggregate)
+{
+    Vandor.SetSQL(
+        QStringLiteral("SELECT C.NAME, SUM(C.CUSTNO) AS TOTAL FROM CUSTOMER C "
+                       "GROUP BY C.NAME HAVING SUM(C.CUSTNO) BETWEEN 1 AND MAX(C.CUSTNO)"));
+    EXPECT_EQ(H().Text(), QStringLiteral("1. SUM C.CUSTNO BETWEEN 1 C.CUSTNO"));
+    const QString typed = QStringLiteral("C.NAME");
+    Edit(H(), QStringLiteral("1."), vdpFirstArgument + 1, &typed);
+    EXPECT_EQ(H().Text(), QStringLiteral("1. SUM C.CUSTNO BETWEEN 1 C.NAME"));
+    EXPECT_EQ(Sql(), "SELECT \r\n  C.NAME,\r\n  SUM(C.CUSTNO) AS TOTAL\r\n"
+                     "FROM\r\n  CUSTOMER C\r\nGROUP BY\r\n  C.NAME\r\n"
+                     "HAVING\r\n  (SUM(C.CUSTNO) BETWEEN 1 AND MAX(C.NAME))\r\n");
+    ExpectConsistent();
+}
+
+// A function call shown as its text, replaced by typed text, leaves no call behind.
+TEST_F(VdCriteriaEditsTest, TypingOverAFunctionCallReplacesTheWholeCall)
+{
+    Vandor.SetSQL(
+        QStringLiteral("SELECT C.NAME FROM CUSTOMER C WHERE UPPER(C.NAME) = LOWER(C.NAME)"));
+    EXPECT_EQ(W().Text(), QStringLiteral("1. UPPER(C.NAME) = LOWER(C.NAME)"));
+    const QString field = QStringLiteral("C.NAME");
+    Edit(W(), QStringLiteral("1."), vdpField, &field);
+    const QString value = QStringLiteral("'x'");
+    Edit(W(), QStringLiteral("1."), vdpFirstArgument, &value);
+    EXPECT_EQ(W().Text(), QStringLiteral("1. C.NAME = 'x'"));
+    EXPECT_EQ(Sql(), "SELECT \r\n  C.NAME\r\nFROM\r\n  CUSTOMER C\r\n"
+                     "WHERE\r\n  (C.NAME = 'x')\r\n");
+    ExpectConsistent();
+}
