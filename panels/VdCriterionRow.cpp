@@ -241,7 +241,11 @@ void TVdCriterionRow::SetAggregateFunc2(const QString& text)
         TVdFunctionDefs& arguments = FCriterion->RightSide();
         if (arguments.Count() == 0)
             arguments.Add();
+        const bool removed = text.trimmed().isEmpty() && !FAggregateFunc2.trimmed().isEmpty();
         ApplyAggregate(*arguments.Items(0), FAggregateFunc2, text);
+        // The aggregate's operand was not listed; once it stands alone it is the argument.
+        if (removed && !FArguments.isEmpty() && FArguments.first().trimmed().isEmpty())
+            FArguments.first() = ToQString(arguments.Items(0)->GetScript());
     }
     FAggregateFunc2 = text;
 }

@@ -207,3 +207,24 @@ TEST_F(VdCriteriaEditsTest, TypingOverAFunctionCallReplacesTheWholeCall)
                      "WHERE\r\n  (C.NAME = 'x')\r\n");
     ExpectConsistent();
 }
+
+// Taking the second aggregate away leaves its operand as the argument: the row shows it.
+TEST_F(VdCriteriaEditsTest, RemovingSecondAggregateShowsItsOperandAsTheArgument)
+{
+    Vandor.SetSQL(QString::fromUtf8(SumOverSum));
+    TVdCriterionRow* row = RowAt(H(), "1.");
+    H().SetActiveElement(row->Controls(vdpAggregate2));
+    H().AggregateMenu()->actions().at(0)->trigger();
+    EXPECT_NE(Sql().find("HAVING\r\n  (SUM(O.AMOUNT) > O.ORDERNO)\r\n"), std::string::npos)
+        << Sql();
+    EXPECT_EQ(H().Text(), QStringLiteral("1. SUM O.AMOUNT > O.ORDERNO"));
+    EXPECT_EQ(row->Controls(vdpFirstArgument)->Text(), QStringLiteral("O.ORDERNO"));
+    ExpectConsistent();
+    // And putting an aggregate back wraps what the row shows.
+    row = RowAt(H(), "1.");
+    H().SetActiveElement(row->Controls(vdpAggregate2));
+    ActionNamed(H().AggregateMenu(), QStringLiteral("MAX"))->trigger();
+    EXPECT_NE(Sql().find("HAVING\r\n  (SUM(O.AMOUNT) > MAX(O.ORDERNO))\r\n"), std::string::npos)
+        << Sql();
+    EXPECT_EQ(H().Text(), QStringLiteral("1. SUM O.AMOUNT > MAX O.ORDERNO"));
+}
