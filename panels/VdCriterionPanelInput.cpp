@@ -377,7 +377,7 @@ void TVdCriterionPanel::SetFieldFromList()
     const QTreeWidgetItem* item = FFieldList->currentItem();
     if (!item || !item->parent())
         return;
-    FEditor->setPlainText(item->parent()->text(0) + QLatin1Char('.') + item->text(0));
+    FEditor->setPlainText(QualifiedName(item->parent()->text(0), item->text(0)));
     HideFieldList();
     FEditor->moveCursor(QTextCursor::End);
 }
@@ -395,6 +395,17 @@ void TVdCriterionPanel::HideFieldList(QObject*, bool& allow)
         return;
     HideFieldList();
     allow = false;
+}
+
+// A picked field is written as the statement prints names, so that a name that needs quotes
+// ("ZIP CODE", a mixed-case name where quotes keep the case) still names that field.
+QString TVdCriterionPanel::QualifiedName(const QString& alias, const QString& field) const
+{
+    if (!FParser)
+        return alias + QLatin1Char('.') + field;
+    const TVdSQLScanner& scanner = FParser->Scanner();
+    return ToQString(scanner.ProcessName(ToStdString(alias))) + QLatin1Char('.') +
+           ToQString(scanner.ProcessName(ToStdString(field)));
 }
 
 void TVdCriterionPanel::HandleDragOver(QObject* source, const QPoint& pos, bool& accept)
@@ -427,7 +438,7 @@ void TVdCriterionPanel::HandleDragDrop(QObject* source, const QPoint& pos)
         return;
     const auto* table =
         dynamic_cast<const TVdTable*>(qobject_cast<TVdWorkArea*>(source)->Selected());
-    ApplyText(element, table->GetAlias() + QLatin1Char('.') + table->CurrentItem()->Name());
+    ApplyText(element, QualifiedName(table->GetAlias(), table->CurrentItem()->Name()));
     setFocus(Qt::OtherFocusReason);
 }
 

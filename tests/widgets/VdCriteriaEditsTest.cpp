@@ -228,3 +228,27 @@ TEST_F(VdCriteriaEditsTest, RemovingSecondAggregateShowsItsOperandAsTheArgument)
         << Sql();
     EXPECT_EQ(H().Text(), QStringLiteral("1. SUM O.AMOUNT > MAX O.ORDERNO"));
 }
+
+// With quoted names a field dropped from the diagram prints as the statement prints names: a
+// name with a blank or in mixed case keeps naming that field.
+TEST_F(VdCriteriaEditsTest, DroppedFieldNeedingQuotesIsWrittenQuoted)
+{
+    Host.Table(QStringLiteral("CUSTOMER")).AddField(QStringLiteral("City"), ftString);
+    Host.Table(QStringLiteral("CUSTOMER")).AddField(QStringLiteral("ZIP CODE"), ftString);
+    Vandor.SetQuoteIdentifiers(true);
+    Vandor.SetSQL(QStringLiteral("SELECT C.\"City\" FROM CUSTOMER C WHERE C.CUSTNO = 1"));
+    TVdTable* customer = Vandor.TableList()->FindByAlias(QStringLiteral("C"));
+    ASSERT_NE(customer, nullptr);
+    Vandor.WorkArea()->SetSelected(customer);
+    TVdCriterionRow* row = RowAt(W(), "1.");
+    const QPoint onField(row->Controls(vdpField)->Left + 2, row->GetTopBound() + 5);
+    customer->SetCurrentItem(customer->FindItem(QStringLiteral("ZIP CODE")));
+    W().HandleDragDrop(Vandor.WorkArea(), onField);
+    const QPoint onArgument(row->Controls(vdpFirstArgument)->Left + 2, row->GetTopBound() + 5);
+    customer->SetCurrentItem(customer->FindItem(QStringLiteral("City")));
+    W().HandleDragDrop(Vandor.WorkArea(), onArgument);
+    EXPECT_EQ(Sql(), "SELECT \r\n  \"C\".\"City\"\r\nFROM\r\n  \"CUSTOMER\" C\r\n"
+                     "WHERE\r\n  (\"C\".\"ZIP CODE\" = \"C\".\"City\")\r\n");
+    EXPECT_EQ(W().Text(), QStringLiteral("1. \"C\".\"ZIP CODE\" = \"C\".\"City\""));
+    ExpectConsistent();
+}
