@@ -373,6 +373,9 @@ void TVdCriterionPanel::ChangeAlias(const QString& newAlias, const QString& oldA
         return;
     const TVdSQLScanner& scanner = FParser->Scanner();
     RenameQualifiers(*RootCriterions(), Unquoted(scanner, newAlias), Unquoted(scanner, oldAlias));
+    // Typed or dropped text may hold the qualifier as printed, in quotes.
+    if (Unquoted(scanner, oldAlias) != oldAlias || Unquoted(scanner, newAlias) != newAlias)
+        RenameQualifiers(*RootCriterions(), newAlias, oldAlias);
     RefreshRows();
     emit criteriaChanged();
 }

@@ -252,3 +252,22 @@ TEST_F(VdCriteriaEditsTest, DroppedFieldNeedingQuotesIsWrittenQuoted)
     EXPECT_EQ(W().Text(), QStringLiteral("1. \"C\".\"ZIP CODE\" = \"C\".\"City\""));
     ExpectConsistent();
 }
+
+// The quoted qualifier of a dropped field follows a rename of the table's alias.
+TEST_F(VdCriteriaEditsTest, DroppedQuotedFieldFollowsAliasRename)
+{
+    Host.Table(QStringLiteral("CUSTOMER")).AddField(QStringLiteral("ZIP CODE"), ftString);
+    Vandor.SetQuoteIdentifiers(true);
+    Vandor.SetSQL(QStringLiteral("SELECT C.NAME FROM CUSTOMER C WHERE C.CUSTNO = 1"));
+    TVdTable* customer = Vandor.TableList()->FindByAlias(QStringLiteral("C"));
+    ASSERT_NE(customer, nullptr);
+    Vandor.WorkArea()->SetSelected(customer);
+    TVdCriterionRow* row = RowAt(W(), "1.");
+    const QPoint onField(row->Controls(vdpField)->Left + 2, row->GetTopBound() + 5);
+    customer->SetCurrentItem(customer->FindItem(QStringLiteral("ZIP CODE")));
+    W().HandleDragDrop(Vandor.WorkArea(), onField);
+    Vandor.WorkArea()->CommitAlias(customer, QStringLiteral("K"));
+    EXPECT_EQ(Sql(), "SELECT \r\n  \"K\".\"NAME\"\r\nFROM\r\n  \"CUSTOMER\" K\r\n"
+                     "WHERE\r\n  (\"K\".\"ZIP CODE\" = 1)\r\n");
+    ExpectConsistent();
+}
