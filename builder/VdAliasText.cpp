@@ -2,23 +2,38 @@
 
 namespace vd {
 
+namespace {
+
+bool EndsName(QChar c)
+{
+    return c.isLetterOrNumber() || c == QLatin1Char('_') || c == QLatin1Char('.');
+}
+
+} // namespace
+
 QString RenameQualifierInText(const QString& text, const QString& newAlias, const QString& oldAlias)
 {
     const QString prefix = oldAlias + QLatin1Char('.');
     QString result;
+    result.reserve(text.size());
+    bool inLiteral = false;
     qsizetype at = 0;
     while (at < text.size()) {
-        const qsizetype found = text.indexOf(prefix, at);
-        if (found < 0)
-            break;
-        const bool wordStart = found == 0 || !(text[found - 1].isLetterOrNumber() ||
-                                               text[found - 1] == QLatin1Char('_') ||
-                                               text[found - 1] == QLatin1Char('.'));
-        result += text.mid(at, found - at);
-        result += wordStart ? newAlias + QLatin1Char('.') : prefix;
-        at = found + prefix.size();
+        const QChar c = text[at];
+        // A string literal is a value, not a name: '' inside it is an escaped quote, which
+        // toggling twice handles.
+        if (c == QLatin1Char('\'')) {
+            inLiteral = !inLiteral;
+        } else if (!inLiteral && text.mid(at, prefix.size()) == prefix &&
+                   (at == 0 || !EndsName(text[at - 1]))) {
+            result += newAlias + QLatin1Char('.');
+            at += prefix.size();
+            continue;
+        }
+        result += c;
+        ++at;
     }
-    return result + text.mid(at);
+    return result;
 }
 
 } // namespace vd

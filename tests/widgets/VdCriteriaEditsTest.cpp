@@ -271,3 +271,18 @@ TEST_F(VdCriteriaEditsTest, DroppedQuotedFieldFollowsAliasRename)
                      "WHERE\r\n  (\"K\".\"ZIP CODE\" = 1)\r\n");
     ExpectConsistent();
 }
+
+// Renaming an alias renames names, never the text of a string literal that looks like one.
+TEST_F(VdCriteriaEditsTest, AliasRenameLeavesStringLiteralsAlone)
+{
+    Vandor.SetSQL(QStringLiteral("SELECT C.NAME FROM CUSTOMER C WHERE C.NAME = 'x'"));
+    const QString typed = QStringLiteral("'C.D' || C.NAME");
+    Edit(W(), QStringLiteral("1."), vdpFirstArgument, &typed);
+    TVdTable* customer = Vandor.TableList()->FindByAlias(QStringLiteral("C"));
+    ASSERT_NE(customer, nullptr);
+    Vandor.WorkArea()->CommitAlias(customer, QStringLiteral("K"));
+    EXPECT_EQ(Sql(), "SELECT \r\n  K.NAME\r\nFROM\r\n  CUSTOMER K\r\n"
+                     "WHERE\r\n  (K.NAME = 'C.D' || K.NAME)\r\n");
+    EXPECT_EQ(W().Text(), QStringLiteral("1. K.NAME = 'C.D' || K.NAME"));
+    ExpectConsistent();
+}
