@@ -144,6 +144,23 @@ void TCustomVandor::HandleRemoveTable(QObject*, TVdFloatObject* object)
     emit sqlChanged();
 }
 
+namespace {
+
+// The definition that the statement knows by the table's name. With the table twice (a
+// self-join) the one under another alias is not it.
+TVdTableDef* UnaliasedDef(const TVdTableDefs& defs, const QString& name)
+{
+    const std::string text = ToStdString(name);
+    for (int i = 0; i < defs.Count(); ++i) {
+        TVdTableDef* def = defs.Items(i);
+        if (def->Name() == text && (def->Alias().empty() || def->Alias() == text))
+            return def;
+    }
+    return defs.FindByName(text);
+}
+
+} // namespace
+
 void TCustomVandor::HandleChangeAlias(TVdTable* table, const QString& oldAliasGiven)
 {
     if (!table)
@@ -151,7 +168,7 @@ void TCustomVandor::HandleChangeAlias(TVdTable* table, const QString& oldAliasGi
     // A table without an alias was known to the statement by its name.
     const QString oldAlias = oldAliasGiven.trimmed().isEmpty() ? table->TableName() : oldAliasGiven;
     TVdTableDefs& defs = FParser->TableDefs();
-    TVdTableDef* def = oldAlias == table->TableName() ? defs.FindByName(ToStdString(oldAlias))
+    TVdTableDef* def = oldAlias == table->TableName() ? UnaliasedDef(defs, oldAlias)
                                                       : defs.FindByAlias(ToStdString(oldAlias));
     const QString newAlias = table->GetAlias();
     if (def)

@@ -286,3 +286,17 @@ TEST_F(VdCriteriaEditsTest, AliasRenameLeavesStringLiteralsAlone)
     EXPECT_EQ(W().Text(), QStringLiteral("1. K.NAME = 'C.D' || K.NAME"));
     ExpectConsistent();
 }
+
+// With the table twice, naming the unaliased one renames that one, not its aliased twin.
+TEST_F(VdCriteriaEditsTest, AliasGivenToUnaliasedTwinOfASelfJoinRenamesThatTwin)
+{
+    Vandor.SetSQL(QStringLiteral("SELECT C.NAME FROM CUSTOMER C, CUSTOMER "
+                                 "WHERE C.CUSTNO = CUSTOMER.CUSTNO"));
+    TVdTable* twin = Vandor.TableList()->FindByAlias(QStringLiteral("CUSTOMER"));
+    ASSERT_NE(twin, nullptr);
+    Vandor.WorkArea()->CommitAlias(twin, QStringLiteral("K"));
+    EXPECT_EQ(Sql(), "SELECT \r\n  C.NAME\r\nFROM\r\n  CUSTOMER C,\r\n  CUSTOMER K\r\n"
+                     "WHERE\r\n  (C.CUSTNO = K.CUSTNO)\r\n");
+    EXPECT_EQ(W().Text(), QStringLiteral("1. C.CUSTNO = K.CUSTNO"));
+    ExpectConsistent();
+}
