@@ -236,6 +236,8 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void RenameKeptQualifiers(const QString& newName, const QString& oldName,
+                              const QString& newAlias, const QString& oldAlias);
     void CreateImages();
     void CreatePages();
     void CreateSheetViews();

@@ -2,12 +2,12 @@
 // of the active sheet where that is the rule.
 
 #include "builder/VdCustomVandor.h"
-#include "builder/VdOutputOrder.h"
 
+#include "builder/VdAliasText.h"
+#include "builder/VdOutputOrder.h"
 #include "builder/VdPageControl.h"
 #include "builder/VdProc.h"
 #include "builder/VdQtText.h"
-#include "builder/VdQualifierRename.h"
 #include "builder/VdTableList.h"
 #include "diagram/VdFloatPanel.h"
 #include "diagram/VdFloatTable.h"
@@ -144,19 +144,35 @@ void TCustomVandor::HandleRemoveTable(QObject*, TVdFloatObject* object)
     emit sqlChanged();
 }
 
-void TCustomVandor::HandleChangeAlias(TVdTable* table, const QString& previousAlias)
+namespace {
+
+// The definition that the statement knows by the table's name. With the table twice (a
+// self-join) the one under another alias is not it.
+TVdTableDef* UnaliasedDef(const TVdTableDefs& defs, const QString& name)
+{
+    const std::string text = ToStdString(name);
+    for (int i = 0; i < defs.Count(); ++i) {
+        TVdTableDef* def = defs.Items(i);
+        if (def->Name() == text && (def->Alias().empty() || def->Alias() == text))
+            return def;
+    }
+    return defs.FindByName(text);
+}
+
+} // namespace
+
+void TCustomVandor::HandleChangeAlias(TVdTable* table, const QString& oldAliasGiven)
 {
     if (!table)
         return;
-    // A table without an alias of its own went by its name: that is the name to replace.
-    const QString oldAlias = previousAlias.isEmpty() ? table->TableName() : previousAlias;
+    // A table without an alias was known to the statement by its name.
+    const QString oldAlias = oldAliasGiven.trimmed().isEmpty() ? table->TableName() : oldAliasGiven;
     TVdTableDefs& defs = FParser->TableDefs();
-    TVdTableDef* def = oldAlias == table->TableName() ? defs.FindByName(ToStdString(oldAlias))
+    TVdTableDef* def = oldAlias == table->TableName() ? UnaliasedDef(defs, oldAlias)
                                                       : defs.FindByAlias(ToStdString(oldAlias));
     const QString newAlias = table->GetAlias();
     if (def)
         def->SetAlias(ToStdString(newAlias));
-    RenameQualifier(*FParser, ToStdString(newAlias), ToStdString(oldAlias));
     const TVdSQLScanner& scanner = FParser->Scanner();
     const QString newName = ToQString(scanner.ProcessName(ToStdString(newAlias)));
     const QString oldName = ToQString(scanner.ProcessName(ToStdString(oldAlias)));
@@ -166,8 +182,49 @@ void TCustomVandor::HandleChangeAlias(TVdTable* table, const QString& previousAl
         FHavingPanel->ChangeAlias(newName, oldName);
     if (FSelectPanel)
         FSelectPanel->Grid()->ChangeAlias(newAlias, oldAlias);
+    RenameKeptQualifiers(newName, oldName, newAlias, oldAlias);
     RefreshActivePage();
     emit sqlChanged();
+}
+
+// What the statement groups by beyond its output fields, and what it orders by, is kept as
+// read: a qualifier there follows the table's new alias too, or the statement would name a
+// table its FROM no longer has.
+void TCustomVandor::RenameKeptQualifiers(const QString& newName, const QString& oldName,
+                                         const QString& newAlias, const QString& oldAlias)
+{
+    const auto rename = [&](const std::string& item) {
+        QString text = RenameQualifierInText(ToQString(item), newName, oldName);
+        if (newAlias != newName || oldAlias != oldName)
+            text = RenameQualifierInText(text, newAlias, oldAlias);
+        return ToStdString(text);
+    };
+    TVdGroupByItems& groups = FParser->GroupByItems();
+    std::vector<std::string> kept = groups.KeptItems();
+    bool changed = false;
+    for (std::string& item : kept) {
+        const std::string renamed = rename(item);
+        changed = changed || renamed != item;
+        item = renamed;
+    }
+    if (changed) {
+        groups.ClearKept();
+        for (const std::string& item : kept)
+            groups.AddKept(item);
+    }
+    TVdOrderByItems& orders = FParser->OrderByItems();
+    TVdOrderByItems renamed;
+    changed = false;
+    for (int i = 0; i < orders.Count(); ++i) {
+        const std::string line = rename(orders[i]);
+        changed = changed || line != orders[i];
+        if (orders.IsExpression(i))
+            renamed.AddExpression(line, orders.Orders(i));
+        else
+            renamed.AddOrdered(line, orders.Orders(i));
+    }
+    if (changed)
+        orders.Assign(renamed);
 }
 
 void TCustomVandor::HandleSelectField(const QString& fieldValue, const QString& aggregateValue,

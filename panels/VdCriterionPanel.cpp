@@ -1,5 +1,6 @@
 #include "panels/VdCriterionPanel.h"
 
+#include "builder/VdAliasText.h"
 #include "builder/VdCustomVandor.h"
 #include "builder/VdDialogService.h"
 #include "builder/VdQtText.h"
@@ -36,30 +37,11 @@ bool IsWithin(const TVdCriterionRow* row, const TVdCriterionRow* ancestor)
 
 // Every identifier or typed expression under node that is qualified by oldAlias gets
 // newAlias instead. A typed expression is searched as text: "C.NAME || C.CITY".
-QString RenameInText(const QString& text, const QString& newAlias, const QString& oldAlias)
-{
-    const QString prefix = oldAlias + QLatin1Char('.');
-    QString result;
-    qsizetype at = 0;
-    while (at < text.size()) {
-        const qsizetype found = text.indexOf(prefix, at);
-        if (found < 0)
-            break;
-        const bool wordStart = found == 0 || !(text[found - 1].isLetterOrNumber() ||
-                                               text[found - 1] == QLatin1Char('_') ||
-                                               text[found - 1] == QLatin1Char('.'));
-        result += text.mid(at, found - at);
-        result += wordStart ? newAlias + QLatin1Char('.') : prefix;
-        at = found + prefix.size();
-    }
-    return result + text.mid(at);
-}
-
 void RenameQualifier(TVdFunctionDef& node, const QString& newAlias, const QString& oldAlias)
 {
     if (node.Kind() == fkIdentifier || node.Kind() == fkExpression) {
         const QString name = ToQString(node.Name());
-        const QString renamed = RenameInText(name, newAlias, oldAlias);
+        const QString renamed = RenameQualifierInText(name, newAlias, oldAlias);
         if (renamed != name)
             node.SetName(ToStdString(renamed));
     }
@@ -391,6 +373,9 @@ void TVdCriterionPanel::ChangeAlias(const QString& newAlias, const QString& oldA
         return;
     const TVdSQLScanner& scanner = FParser->Scanner();
     RenameQualifiers(*RootCriterions(), Unquoted(scanner, newAlias), Unquoted(scanner, oldAlias));
+    // Typed or dropped text may hold the qualifier as printed, in quotes.
+    if (Unquoted(scanner, oldAlias) != oldAlias || Unquoted(scanner, newAlias) != newAlias)
+        RenameQualifiers(*RootCriterions(), newAlias, oldAlias);
     RefreshRows();
     emit criteriaChanged();
 }
@@ -485,6 +470,11 @@ void TVdCriterionPanel::MakeCompositCondition()
             copy->SetLeftSide(old->LeftSide());
             copy->SetRightSide(old->RightSide());
             copy->SetOperator(old->Operator());
+            // The condition lives on in the child only: a group emptied later must not
+            // print it again.
+            old->LeftSide().Clear();
+            old->RightSide().Clear();
+            old->SetOperator(std::string());
         }
         child->SetCriterion(copy);
     }

@@ -216,6 +216,7 @@ private:
     void FillFrom(TVdCriterionRow* parent, TVdCriterions& list);
     void FillCondition(TVdCriterionRow* row, TVdCriterion* criterion);
     // Writes an argument text into the criterion at the element's place.
+    QString QualifiedName(const QString& alias, const QString& field) const;
     void WriteArgument(TVdCriterionRow* row, int index, const QString& text);
     void ApplyText(TVdControl* element, const QString& text);
     TVdControl* RequireActive() const;
@@ -248,6 +249,7 @@ private:
     TVdControl* FActiveElement = nullptr;
     TVdControl* FFocusElement = nullptr;
     TVdControl* FEditElement = nullptr;
+    QString FEditOpenedWith; // the editor's text when it opened
     TVdControl* FDropElement = nullptr;
     // The row whose button the pointer is over or pressing, and how it is drawn.
     TVdCriterionRow* FHotButton = nullptr;

@@ -25,6 +25,9 @@ namespace {
 
 void SetTyped(TVdFunctionDef& node, const QString& text)
 {
+    // Typed text stands for the whole expression: no operands of what it replaces remain.
+    if (node.ArgumentList())
+        node.Arguments().Clear();
     node.SetName(ToStdString(text));
     node.SetKind(fkExpression);
 }
@@ -262,7 +265,8 @@ void TVdCriterionPanel::OpenEditor(TVdControl* element, int top)
                                                            : QString();
     FEditElement = nullptr;
     FEditor->setFont(ItemFont());
-    FEditor->setPlainText(text.trimmed().isEmpty() ? QString() : text);
+    FEditOpenedWith = text.trimmed().isEmpty() ? QString() : text;
+    FEditor->setPlainText(FEditOpenedWith);
     FEditor->move(element->Left - horizontalScrollBar()->value(), top + 2);
     FEditor->resize(element->Width, FRowHeight - 3);
     FEditElement = element;
@@ -290,7 +294,12 @@ void TVdCriterionPanel::SetFieldText()
     FEditElement = nullptr;
     FEditor->hide();
     FFieldList->hide();
-    ApplyText(element, OneLine(FEditor->toPlainText()));
+    // Leaving the editor as it opened changes nothing: an argument shown empty may stand for
+    // an operand the row does not list (a second aggregate's).
+    const QString text = OneLine(FEditor->toPlainText());
+    if (text == OneLine(FEditOpenedWith))
+        return;
+    ApplyText(element, text);
 }
 
 void TVdCriterionPanel::CancelEdit()
@@ -331,9 +340,17 @@ void TVdCriterionPanel::WriteArgument(TVdCriterionRow* row, int index, const QSt
     while (arguments.Count() <= index)
         arguments.Add();
     TVdFunctionDef& node = *arguments.Items(index);
+    const TVdWordList* aggregates = GetAggregates();
+    // A later aggregate shows its single operand in its place (filling the rows): the text
+    // goes there, so the aggregate stays.
+    const bool laterAggregate = index > 0 && FUsesAggregates && aggregates &&
+                                !node.Name().empty() && aggregates->IndexOf(node.Name()) >= 0 &&
+                                node.ArgumentCount() == 1;
     if (index == 0 && !row->AggregateFunc2().trimmed().isEmpty()) {
         node.Arguments().Clear();
         SetTyped(*node.Arguments().Add(), text);
+    } else if (laterAggregate) {
+        SetTyped(*node.Arguments().Items(0), text);
     } else {
         SetTyped(node, text);
     }
@@ -360,7 +377,7 @@ void TVdCriterionPanel::SetFieldFromList()
     const QTreeWidgetItem* item = FFieldList->currentItem();
     if (!item || !item->parent())
         return;
-    FEditor->setPlainText(item->parent()->text(0) + QLatin1Char('.') + item->text(0));
+    FEditor->setPlainText(QualifiedName(item->parent()->text(0), item->text(0)));
     HideFieldList();
     FEditor->moveCursor(QTextCursor::End);
 }
@@ -378,6 +395,17 @@ void TVdCriterionPanel::HideFieldList(QObject*, bool& allow)
         return;
     HideFieldList();
     allow = false;
+}
+
+// A picked field is written as the statement prints names, so that a name that needs quotes
+// ("ZIP CODE", a mixed-case name where quotes keep the case) still names that field.
+QString TVdCriterionPanel::QualifiedName(const QString& alias, const QString& field) const
+{
+    if (!FParser)
+        return alias + QLatin1Char('.') + field;
+    const TVdSQLScanner& scanner = FParser->Scanner();
+    return ToQString(scanner.ProcessName(ToStdString(alias))) + QLatin1Char('.') +
+           ToQString(scanner.ProcessName(ToStdString(field)));
 }
 
 void TVdCriterionPanel::HandleDragOver(QObject* source, const QPoint& pos, bool& accept)
@@ -410,7 +438,7 @@ void TVdCriterionPanel::HandleDragDrop(QObject* source, const QPoint& pos)
         return;
     const auto* table =
         dynamic_cast<const TVdTable*>(qobject_cast<TVdWorkArea*>(source)->Selected());
-    ApplyText(element, table->GetAlias() + QLatin1Char('.') + table->CurrentItem()->Name());
+    ApplyText(element, QualifiedName(table->GetAlias(), table->CurrentItem()->Name()));
     setFocus(Qt::OtherFocusReason);
 }
 

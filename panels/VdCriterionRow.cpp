@@ -15,6 +15,9 @@ constexpr int ElementGap = 5;
 // The expression receiving a typed text is printed back exactly as typed.
 void SetTyped(TVdFunctionDef& node, const QString& text)
 {
+    // Typed text stands for the whole expression: no operands of what it replaces remain.
+    if (node.ArgumentList())
+        node.Arguments().Clear();
     node.SetName(ToStdString(text));
     node.SetKind(fkExpression);
 }
@@ -238,7 +241,11 @@ void TVdCriterionRow::SetAggregateFunc2(const QString& text)
         TVdFunctionDefs& arguments = FCriterion->RightSide();
         if (arguments.Count() == 0)
             arguments.Add();
+        const bool removed = text.trimmed().isEmpty() && !FAggregateFunc2.trimmed().isEmpty();
         ApplyAggregate(*arguments.Items(0), FAggregateFunc2, text);
+        // The aggregate's operand was not listed; once it stands alone it is the argument.
+        if (removed && !FArguments.isEmpty() && FArguments.first().trimmed().isEmpty())
+            FArguments.first() = ToQString(arguments.Items(0)->GetScript());
     }
     FAggregateFunc2 = text;
 }
