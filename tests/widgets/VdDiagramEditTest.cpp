@@ -30,13 +30,9 @@ class VdDiagramEditTest : public ::testing::Test
 protected:
     void SetUp() override
     {
-        TDataSet& orders = Host.Table(QStringLiteral("ORDERS"));
-        orders.AddField(QStringLiteral("ORDERNO"), ftInteger);
-        orders.AddField(QStringLiteral("CUSTNO"), ftInteger);
-        orders.AddField(QStringLiteral("AMOUNT"), ftCurrency);
-        TDataSet& customer = Host.Table(QStringLiteral("CUSTOMER"));
-        customer.AddField(QStringLiteral("CUSTNO"), ftInteger);
-        customer.AddField(QStringLiteral("NAME"), ftString);
+        Host.Table(QStringLiteral("ORDERS"),
+                   {{"ORDERNO", ftInteger}, {"CUSTNO", ftInteger}, {"AMOUNT", ftCurrency}});
+        Host.Table(QStringLiteral("CUSTOMER"), {{"CUSTNO", ftInteger}, {"NAME", ftString}});
         Host.Attach(Vandor);
         Vandor.resize(900, 700);
         // Laid out, so the diagram has its real size and moves do not auto-scroll.

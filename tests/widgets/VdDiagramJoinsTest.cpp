@@ -23,17 +23,12 @@ class VdDiagramJoinsTest : public ::testing::Test
 protected:
     void SetUp() override
     {
-        TDataSet& orders = Host.Table(QStringLiteral("ORDERS"));
-        orders.AddField(QStringLiteral("ORDERNO"), ftInteger);
-        orders.AddField(QStringLiteral("CUSTNO"), ftInteger);
-        orders.AddField(QStringLiteral("EMPNO"), ftInteger);
-        orders.AddField(QStringLiteral("REGION"), ftString);
-        TDataSet& customer = Host.Table(QStringLiteral("CUSTOMER"));
-        customer.AddField(QStringLiteral("CUSTNO"), ftInteger);
-        customer.AddField(QStringLiteral("REGION"), ftString);
-        TDataSet& employee = Host.Table(QStringLiteral("EMPLOYEE"));
-        employee.AddField(QStringLiteral("EMPNO"), ftInteger);
-        employee.AddField(QStringLiteral("NAME"), ftString);
+        Host.Table(QStringLiteral("ORDERS"), {{"ORDERNO", ftInteger},
+                                              {"CUSTNO", ftInteger},
+                                              {"EMPNO", ftInteger},
+                                              {"REGION", ftString}});
+        Host.Table(QStringLiteral("CUSTOMER"), {{"CUSTNO", ftInteger}, {"REGION", ftString}});
+        Host.Table(QStringLiteral("EMPLOYEE"), {{"EMPNO", ftInteger}, {"NAME", ftString}});
         Host.Attach(Vandor);
         Vandor.SetQuoteIdentifiers(false);
         Vandor.resize(900, 700);

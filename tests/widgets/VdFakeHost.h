@@ -8,6 +8,7 @@
 
 #include <QString>
 
+#include <initializer_list>
 #include <map>
 #include <utility>
 #include <vector>
@@ -24,6 +25,15 @@ public:
         return dataSet;
     }
     TParams& Params(const QString& name) { return FParams[name]; }
+    // A table of these fields, in order.
+    TDataSet& Table(const QString& name,
+                    std::initializer_list<std::pair<const char*, TFieldType>> fields)
+    {
+        TDataSet& dataSet = Table(name);
+        for (const auto& [field, type] : fields)
+            dataSet.AddField(QString::fromLatin1(field), type);
+        return dataSet;
+    }
 
     // Answers only the tables it knows; parameters only where some were given.
     void Attach(TCustomVandor& vandor)

@@ -34,14 +34,10 @@ class VdLinkPropTest : public ::testing::Test
 protected:
     void SetUp() override
     {
-        TDataSet& orders = Host.Table(QStringLiteral("ORDERS"));
-        orders.AddField(QStringLiteral("ORDERNO"), ftInteger);
-        orders.AddField(QStringLiteral("CUSTNO"), ftInteger);
-        orders.AddField(QStringLiteral("EMPNO"), ftInteger);
-        TDataSet& customer = Host.Table(QStringLiteral("CUSTOMER"));
-        customer.AddField(QStringLiteral("CUSTNO"), ftInteger);
-        customer.AddField(QStringLiteral("EMPNO"), ftInteger);
-        customer.AddField(QStringLiteral("COMPANY"), ftString);
+        Host.Table(QStringLiteral("ORDERS"),
+                   {{"ORDERNO", ftInteger}, {"CUSTNO", ftInteger}, {"EMPNO", ftInteger}});
+        Host.Table(QStringLiteral("CUSTOMER"),
+                   {{"CUSTNO", ftInteger}, {"EMPNO", ftInteger}, {"COMPANY", ftString}});
         Host.Attach(Vandor);
         Vandor.resize(800, 600);
         Vandor.SetSQL(QStringLiteral("SELECT O.ORDERNO, C.COMPANY\r\nFROM ORDERS O\r\n"
@@ -238,10 +234,8 @@ TEST_F(VdLinkPropTest, WithShortNamesTheDialogIsAtLeast360Wide)
 
 TEST_F(VdLinkPropTest, WithLongNamesBothCheckBoxCaptionsFitSideBySide)
 {
-    TDataSet& left = Host.Table(QStringLiteral("CUSTOMER_ORDER_HISTORY_ARCHIVE"));
-    left.AddField(QStringLiteral("ID"), ftInteger);
-    TDataSet& right = Host.Table(QStringLiteral("SALES_REPRESENTATIVE_ASSIGNMENTS"));
-    right.AddField(QStringLiteral("ID"), ftInteger);
+    Host.Table(QStringLiteral("CUSTOMER_ORDER_HISTORY_ARCHIVE"), {{"ID", ftInteger}});
+    Host.Table(QStringLiteral("SALES_REPRESENTATIVE_ASSIGNMENTS"), {{"ID", ftInteger}});
     Vandor.SetSQL(QStringLiteral(
         "SELECT A.ID FROM CUSTOMER_ORDER_HISTORY_ARCHIVE A INNER JOIN "
         "SALES_REPRESENTATIVE_ASSIGNMENTS SALES_REPRESENTATIVE_ASSIGNMENTS_2026 ON (A.ID = "

@@ -33,17 +33,12 @@ class VdVandorLoadTest : public ::testing::Test
 protected:
     void SetUp() override
     {
-        TDataSet& orders = Host.Table(QStringLiteral("ORDERS"));
-        orders.AddField(QStringLiteral("ORDERNO"), ftInteger);
-        orders.AddField(QStringLiteral("CUSTNO"), ftInteger);
-        orders.AddField(QStringLiteral("EMPNO"), ftInteger);
-        orders.AddField(QStringLiteral("AMOUNT"), ftCurrency);
-        TDataSet& customer = Host.Table(QStringLiteral("CUSTOMER"));
-        customer.AddField(QStringLiteral("CUSTNO"), ftInteger);
-        customer.AddField(QStringLiteral("NAME"), ftString);
-        TDataSet& employee = Host.Table(QStringLiteral("EMPLOYEE"));
-        employee.AddField(QStringLiteral("EMPNO"), ftInteger);
-        employee.AddField(QStringLiteral("LASTNAME"), ftString);
+        Host.Table(QStringLiteral("ORDERS"), {{"ORDERNO", ftInteger},
+                                              {"CUSTNO", ftInteger},
+                                              {"EMPNO", ftInteger},
+                                              {"AMOUNT", ftCurrency}});
+        Host.Table(QStringLiteral("CUSTOMER"), {{"CUSTNO", ftInteger}, {"NAME", ftString}});
+        Host.Table(QStringLiteral("EMPLOYEE"), {{"EMPNO", ftInteger}, {"LASTNAME", ftString}});
         Host.Attach(Vandor);
     }
 
@@ -236,8 +231,7 @@ TEST_F(VdVandorLoadTest, ParseErrorsReachTheHostOnlyThroughTheErrorEvent)
 
 TEST_F(VdVandorLoadTest, AStoredProcedureGetsItsInputParametersOnly)
 {
-    TDataSet& proc = Host.Table(QStringLiteral("GET_ORDERS"));
-    proc.AddField(QStringLiteral("ORDERNO"), ftInteger);
+    Host.Table(QStringLiteral("GET_ORDERS"), {{"ORDERNO", ftInteger}});
     TParams& params = Host.Params(QStringLiteral("GET_ORDERS"));
     params.Add(TParam(QStringLiteral("CUST"), ptInput, ftInteger));
     params.Add(TParam(QStringLiteral("ORDERNO"), ptOutput, ftInteger));
