@@ -4,9 +4,13 @@ namespace vd {
 
 namespace {
 
+// A character that continues a name (or its quoting) before a qualifier: then the qualifier is
+// the end of another name ("CA." is no "A.").
 bool EndsName(QChar c)
 {
-    return c.isLetterOrNumber() || c == QLatin1Char('_') || c == QLatin1Char('.');
+    return c.isLetterOrNumber() || c == QLatin1Char('_') || c == QLatin1Char('$') ||
+           c == QLatin1Char('#') || c == QLatin1Char('.') || c == QLatin1Char('"') ||
+           c == QLatin1Char('`');
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "panels/VdSelectGrid.h"
 
+#include "builder/VdAliasText.h"
 #include "builder/VdQtText.h"
 #include "core/VdError.h"
 #include "core/VdFieldDef.h"
@@ -25,13 +26,6 @@ const TVdFunctionDef* FirstIdentifier(const TVdFunctionDef& node)
         if (const TVdFunctionDef* found = FirstIdentifier(*node.Argument(i)))
             return found;
     return nullptr;
-}
-
-bool IsNameChar(QChar c)
-{
-    return c.isLetterOrNumber() || c == QLatin1Char('_') || c == QLatin1Char('$') ||
-           c == QLatin1Char('#') || c == QLatin1Char('.') || c == QLatin1Char('"') ||
-           c == QLatin1Char('`');
 }
 
 } // namespace
@@ -152,25 +146,11 @@ void TVdSelectGrid::ChangeAlias(const QString& newAlias, const QString& oldAlias
 {
     if (newAlias == oldAlias)
         return;
-    const QString from = oldAlias + QLatin1Char('.');
-    const QString to = newAlias + QLatin1Char('.');
     for (int row = 0; row < rowCount(); ++row) {
-        QString text = CellText(row, 2);
-        bool changed = false;
-        // Only a whole qualifier: the character before it must not continue a name. The
-        // search goes on after the replacement, so a new alias ending in the old one cannot
-        // be renamed again.
-        for (qsizetype at = text.indexOf(from); at >= 0; at = text.indexOf(from, at)) {
-            if (at > 0 && IsNameChar(text.at(at - 1))) {
-                at += from.size();
-                continue;
-            }
-            text.replace(at, from.size(), to);
-            at += to.size();
-            changed = true;
-        }
-        if (changed)
-            SetCell(row, 2, text);
+        const QString text = CellText(row, 2);
+        const QString renamed = RenameQualifierInText(text, newAlias, oldAlias);
+        if (renamed != text)
+            SetCell(row, 2, renamed);
     }
     viewport()->update();
 }
