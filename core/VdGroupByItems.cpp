@@ -237,9 +237,16 @@ TVdGroupByItems::KeptGroupings(const std::vector<const TVdFieldDef*>& derived,
 
 std::string TVdGroupByItems::GetScript()
 {
+    std::string out;
+    AppendScript(out);
+    return out;
+}
+
+void TVdGroupByItems::AppendScript(std::string& out)
+{
     if (Parser())
         Rebuild();
-    return ClauseScript("GROUP", "BY", FLines);
+    AppendClause(out, "GROUP", "BY", FLines);
 }
 
 int TVdGroupByItems::AddKept(const std::string& item)

@@ -53,6 +53,13 @@ inline bool HasDbDot(const std::string& name, size_t firstDot)
     return false;
 }
 
+// scanner.ProcessName(name) appended to out.
+inline void AppendScannerName(std::string& out, const TVdSQLScanner& scanner,
+                              const std::string& name)
+{
+    out += scanner.ProcessName(name);
+}
+
 // TVdSelectParser::ProcessItemName(name) appended to out.
 inline void AppendItemName(std::string& out, const TVdSelectParser& parser, const std::string& name)
 {
@@ -103,6 +110,11 @@ void AppendNodeScript(std::string& out, const TVdFunctionDef& node);
 void AppendNodeList(std::string& out, const TVdFunctionDefs& list);
 // field.GetScript().
 void AppendFieldScript(std::string& out, const TVdFieldDef& field);
+
+// criterion.GetScript().
+void AppendCriterionScript(std::string& out, const TVdCriterion& criterion);
+// list.GetScript() (a WHERE or HAVING clause for a top-level list of those classes).
+void AppendCriteriaScript(std::string& out, const TVdCriterions& list);
 
 // TVdTableDef::GetSourceText appended to out.
 void AppendSourceText(std::string& out, const TVdTableDef& table);
