@@ -71,9 +71,11 @@ std::string TVdGroupByItems::DerivedLine(const TVdFieldDef& field) const
     const TVdSelectParser& parser = *Parser();
     std::string line;
     const std::string& prefix = TablePrefix(field);
-    if (!prefix.empty())
-        line += parser.ProcessItemName(prefix) + '.';
-    line += parser.ProcessItemName(field.Name());
+    if (!prefix.empty()) {
+        script::AppendItemName(line, parser, prefix);
+        line += '.';
+    }
+    script::AppendItemName(line, parser, field.Name());
     return line;
 }
 

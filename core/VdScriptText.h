@@ -53,11 +53,57 @@ inline bool HasDbDot(const std::string& name, size_t firstDot)
     return false;
 }
 
-// scanner.ProcessName(name) appended to out.
+// Whether the base scanner's NeedQuotes holds for name; for an object of that very class.
+inline bool BaseNeedsQuotes(const TVdSQLScanner& scanner, std::string_view name)
+{
+    if (name.size() < 2)
+        return true;
+    // Equal ends are both quotes or neither.
+    return name.front() != name.back() || !scanner.TVdSQLScanner::IsIdentQuote(name.front());
+}
+
+// A part of a name as the base scanner prints it: quoted unless it stands in its quotes.
+inline void AppendBasePart(std::string& out, const TVdSQLScanner& scanner, std::string_view part)
+{
+    if (BaseNeedsQuotes(scanner, part))
+        text::AppendQuoted(out, part, scanner.TVdSQLScanner::GetIdentQuote());
+    else
+        out += part;
+}
+
+// The base scanner's ProcessName(name) with quoting on, appended to out; firstDot is where the
+// first "." of name stands. A name of one word, or a plain qualifier and one "." before the
+// last part (T.COL), is written here; any other shape is left to ProcessName.
+inline void AppendBaseName(std::string& out, const TVdSQLScanner& scanner, const std::string& name,
+                           size_t firstDot)
+{
+    const size_t split = firstDot == 0 ? TVdSQLScanner::PartEnd(name) : firstDot;
+    if (split == std::string::npos) {
+        AppendBasePart(out, scanner, name);
+        return;
+    }
+    if (name.front() == scanner.TVdSQLScanner::GetIdentQuote() ||
+        name.find('.', split + 1) != std::string::npos) {
+        out += scanner.ProcessName(name);
+        return;
+    }
+    const std::string_view whole(name);
+    AppendBasePart(out, scanner, whole.substr(0, split));
+    out += '.';
+    AppendBasePart(out, scanner, whole.substr(split + 1));
+}
+
+// scanner.ProcessName(name) appended to out. Another scanner class may print names its own
+// way, so it is asked.
 inline void AppendScannerName(std::string& out, const TVdSQLScanner& scanner,
                               const std::string& name)
 {
-    out += scanner.ProcessName(name);
+    if (typeid(scanner) != typeid(TVdSQLScanner))
+        out += scanner.ProcessName(name);
+    else if (!scanner.TVdSQLScanner::GetQuoteIdentifiers())
+        out += name;
+    else
+        AppendBaseName(out, scanner, name, name.find('.'));
 }
 
 // TVdSelectParser::ProcessItemName(name) appended to out.
@@ -77,18 +123,12 @@ inline void AppendItemName(std::string& out, const TVdSelectParser& parser, cons
         out += quote;
         return;
     }
-    // Most names have no "." after their first character: the base scanner's ProcessName
-    // then quotes the whole name or keeps it, which is written here in place. Another
-    // scanner class may print names its own way, so it is asked.
-    const bool oneWord = TVdSQLScanner::PartEnd(name) == std::string::npos;
-    if (oneWord && typeid(scanner) == typeid(TVdSQLScanner)) {
-        if (quoting && scanner.NeedQuotes(name))
-            text::AppendQuoted(out, name, scanner.GetIdentQuote());
-        else
-            out += name;
-        return;
-    }
-    out += scanner.ProcessName(name);
+    if (typeid(scanner) != typeid(TVdSQLScanner))
+        out += scanner.ProcessName(name);
+    else if (!quoting)
+        out += name;
+    else
+        AppendBaseName(out, scanner, name, firstDot);
 }
 
 // ProcessName(name) of an item with this parser.
