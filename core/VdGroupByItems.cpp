@@ -6,6 +6,8 @@
 #include "core/VdTableDef.h"
 #include "core/VdText.h"
 
+#include <initializer_list>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 
@@ -91,34 +93,76 @@ TVdGroupByItems::DerivedLines(const std::vector<const TVdFieldDef*>& derived) co
 
 namespace {
 
+bool IsQuoteChar(char c) { return c == '"' || c == '`' || c == '\''; }
+
+// Whether text, its quotes taken out, is the parts one after another, theirs taken out too,
+// in any letter case: Unquoted and Upper compared without building either string.
+bool SameUnquoted(std::string_view text, std::initializer_list<std::string_view> parts)
+{
+    size_t at = 0;
+    auto skipQuotes = [&] {
+        while (at < text.size() && IsQuoteChar(text[at]))
+            ++at;
+    };
+    for (const std::string_view part : parts)
+        for (const char c : part) {
+            if (IsQuoteChar(c))
+                continue;
+            skipQuotes();
+            if (at == text.size() || text::UpperChar(text[at]) != text::UpperChar(c))
+                return false;
+            ++at;
+        }
+    skipQuotes();
+    return at == text.size();
+}
+
+// Whether name holds more than quotes (its Unquoted text is not empty).
+bool HasUnquoted(std::string_view name)
+{
+    for (const char c : name)
+        if (!IsQuoteChar(c))
+            return true;
+    return false;
+}
+
+// Whether item names field by its name alone or qualified with the table's alias (or name),
+// in any letter case and quotes aside.
+bool NamesField(const std::string& item, const TVdFieldDef& field)
+{
+    if (SameUnquoted(item, {field.Name()}))
+        return true;
+    const std::string& prefix = TablePrefix(field);
+    return HasUnquoted(prefix) && SameUnquoted(item, {prefix, ".", field.Name()});
+}
+
 // The derived fields under every spelling a GROUP BY item may name them by. A statement
-// groups by a handful of columns: then the spellings are kept in flat lists and searched in
-// order, no node per key. Beyond that they are hashed, so that each kept item is looked up once
+// groups by a handful of columns: then the fields are compared with each item in order, no
+// key built. Beyond that the spellings are hashed, so that each kept item is looked up once
 // rather than compared with every field.
 class TDerivedIndex
 {
 public:
     TDerivedIndex(const std::vector<const TVdFieldDef*>& derived,
                   const std::vector<std::string>& lines)
-        : FDerived(derived), FHashed(derived.size() > FlatLimit)
+        : FDerived(derived), FLines(lines), FHashed(derived.size() > FlatLimit)
     {
-        if (FHashed) {
-            FByLine.Map.reserve(derived.size());
-            FByName.Map.reserve(2 * derived.size());
-            FPositions.reserve(derived.size());
-        }
+        if (!FHashed)
+            return;
+        FByLine.reserve(derived.size());
+        FByName.reserve(2 * derived.size());
+        FPositions.reserve(derived.size());
         for (int i = 0; i < int(derived.size()); ++i) {
             const TVdFieldDef& field = *derived[size_t(i)];
-            FByLine.Add(FHashed, lines[size_t(i)], i);
+            FByLine.emplace(lines[size_t(i)], i);
             const std::string name = Unquoted(field.Name());
-            FByName.Add(FHashed, text::Upper(name), i);
+            FByName.emplace(text::Upper(name), i);
             const std::string prefix = Unquoted(TablePrefix(field));
             if (!prefix.empty())
-                FByName.Add(FHashed, text::Upper(prefix + '.' + name), i);
+                FByName.emplace(text::Upper(prefix + '.' + name), i);
             if (!field.Alias().empty())
-                FByAlias.Add(FHashed, text::Upper(field.Alias()), i);
-            if (FHashed)
-                FPositions.emplace(&field, i);
+                FByAlias.emplace(text::Upper(field.Alias()), i);
+            FPositions.emplace(&field, i);
         }
     }
 
@@ -128,8 +172,14 @@ public:
     template <class Visit>
     void ForNamed(const std::string& item, const std::string& script, Visit visit) const
     {
-        FByLine.ForEach(script, visit);
-        FByName.ForEach(text::Upper(Unquoted(item)), visit);
+        if (!FHashed) {
+            for (size_t i = 0; i < FDerived.size(); ++i)
+                if (FLines[i] == script || NamesField(item, *FDerived[i]))
+                    visit(int(i));
+            return;
+        }
+        ForEach(FByLine, script, visit);
+        ForEach(FByName, text::Upper(Unquoted(item)), visit);
     }
 
     // The fields item groups by: those it names, the one whose alias it is, the one at its
@@ -139,8 +189,13 @@ public:
                     const std::vector<const TVdFieldDef*>& printed, Visit visit) const
     {
         ForNamed(item, script, visit);
-        if (!FByAlias.Empty())
-            FByAlias.ForEach(text::Upper(item), visit);
+        if (!FHashed) {
+            for (size_t i = 0; i < FDerived.size(); ++i)
+                if (!FDerived[i]->Alias().empty() && text::SameText(item, FDerived[i]->Alias()))
+                    visit(int(i));
+        } else if (!FByAlias.empty()) {
+            ForEach(FByAlias, text::Upper(item), visit);
+        }
         if (!TVdStringList::IsPosition(item) || item.size() > 9)
             return;
         const size_t position = std::stoul(item);
@@ -154,32 +209,17 @@ public:
 private:
     static constexpr size_t FlatLimit = 16;
 
-    struct TKeys {
-        std::vector<std::pair<std::string, int>> List;
-        // Visitors only mark fields, so the order among equal keys does not matter.
-        std::unordered_multimap<std::string, int> Map;
+    // Visitors only mark fields, so the order among equal keys does not matter.
+    using TKeys = std::unordered_multimap<std::string, int>;
 
-        void Add(bool hashed, std::string key, int i)
-        {
-            if (hashed)
-                Map.emplace(std::move(key), i);
-            else
-                List.emplace_back(std::move(key), i);
-        }
-        bool Empty() const { return List.empty() && Map.empty(); }
-        // The fields under key.
-        template <class Visit> void ForEach(const std::string& key, Visit visit) const
-        {
-            for (const auto& [spelling, i] : List)
-                if (spelling == key)
-                    visit(i);
-            if (Map.empty())
-                return;
-            const auto [first, last] = Map.equal_range(key);
-            for (auto it = first; it != last; ++it)
-                visit(it->second);
-        }
-    };
+    // The fields under key.
+    template <class Visit>
+    static void ForEach(const TKeys& keys, const std::string& key, Visit visit)
+    {
+        const auto [first, last] = keys.equal_range(key);
+        for (auto it = first; it != last; ++it)
+            visit(it->second);
+    }
 
     // The first place of a field among the derived ones, or -1.
     int PositionOf(const TVdFieldDef* field) const
@@ -195,6 +235,7 @@ private:
     }
 
     const std::vector<const TVdFieldDef*>& FDerived;
+    const std::vector<std::string>& FLines;
     const bool FHashed;
     TKeys FByLine;
     TKeys FByName;
@@ -212,15 +253,23 @@ void TVdGroupByItems::Rebuild()
         FLines = std::move(lines);
         return;
     }
-    const TDerivedIndex index(derived, lines);
-    FLines = std::move(lines);
-    for (const std::string& item : FKept) {
-        std::string script = ItemScript(item);
-        bool named = false;
-        index.ForNamed(item, script, [&named](int) { named = true; });
-        if (!named)
-            Add(script);
+    // The items to add are gathered first: the index reads the derived lines in place.
+    std::vector<std::string> added;
+    {
+        const TDerivedIndex index(derived, lines);
+        std::string script;
+        for (const std::string& item : FKept) {
+            script.clear();
+            AppendItemScript(script, item);
+            bool named = false;
+            index.ForNamed(item, script, [&named](int) { named = true; });
+            if (!named)
+                added.push_back(script);
+        }
     }
+    FLines = std::move(lines);
+    for (const std::string& script : added)
+        Add(script);
 }
 
 std::vector<bool>
@@ -230,10 +279,14 @@ TVdGroupByItems::KeptGroupings(const std::vector<const TVdFieldDef*>& derived,
     std::vector<bool> grouped(derived.size(), false);
     if (FKept.empty())
         return grouped;
-    const TDerivedIndex index(derived, DerivedLines(derived));
-    for (const std::string& item : FKept)
-        index.ForGrouped(item, ItemScript(item), printed,
-                         [&grouped](int i) { grouped[size_t(i)] = true; });
+    const std::vector<std::string> lines = DerivedLines(derived);
+    const TDerivedIndex index(derived, lines);
+    std::string script;
+    for (const std::string& item : FKept) {
+        script.clear();
+        AppendItemScript(script, item);
+        index.ForGrouped(item, script, printed, [&grouped](int i) { grouped[size_t(i)] = true; });
+    }
     return grouped;
 }
 
