@@ -8,55 +8,136 @@
 
 namespace vd {
 
-TVdJoinWalk::TVdJoinWalk(const TVdTableDefs& tables, bool backwards) : FBackwards(backwards)
+TVdJoinWalk::TVdJoinWalk(const TVdTableDefs& tables, bool backwards)
+    : FTables(tables), FBackwards(backwards)
 {
-    for (int t = 0; t < tables.Count(); ++t) {
+    const int count = tables.Count();
+    FJoinStart.reserve(size_t(count) + 1);
+    for (int t = 0; t < count; ++t) {
+        FJoinStart.push_back(int(FJoins.size()));
         const TVdJoinDefs& joins = tables.Items(t)->JoinDefs();
         for (int j = 0; j < joins.Count(); ++j)
-            if (const TVdTableDef* target = Target(*joins.Items(j)))
-                FLeadingTo[target].push_back(joins.Items(j));
+            FJoins.push_back(Describe(*joins.Items(j)));
     }
+    FJoinStart.push_back(int(FJoins.size()));
+    FStepOf.assign(size_t(count), NotEntered);
+    // Counted, then placed: the joins leading to a table stand together in join order.
+    FLeadingStart.assign(size_t(count) + 1, 0);
+    for (const TJoin& join : FJoins)
+        if (join.Target) {
+            const int slot = Slot(*join.Target);
+            if (slot >= 0)
+                ++FLeadingStart[size_t(slot) + 1];
+        }
+    for (int t = 0; t < count; ++t)
+        FLeadingStart[size_t(t) + 1] += FLeadingStart[size_t(t)];
+    FLeading.resize(size_t(FLeadingStart[size_t(count)]));
+    std::vector<int> next(FLeadingStart.begin(), FLeadingStart.end() - 1);
+    for (const TJoin& join : FJoins)
+        if (join.Target) {
+            const int slot = Slot(*join.Target);
+            if (slot >= 0)
+                FLeading[size_t(next[size_t(slot)]++)] = &join;
+        }
 }
 
-const TVdTableDef* TVdJoinWalk::Target(const TVdJoinDef& join)
+TVdJoinWalk::TJoin TVdJoinWalk::Describe(const TVdJoinDef& join)
 {
+    const TVdTableDef* owner = join.GetTableDef();
     const TVdTableDef* target = join.JoinedTable();
-    return target == join.GetTableDef() ? nullptr : target;
+    return {&join, owner, target == owner ? nullptr : target};
 }
 
-bool TVdJoinWalk::IsJoined(const TVdTableDef& table) const { return FLeadingTo.count(&table) > 0; }
+int TVdJoinWalk::Slot(const TVdTableDef& table) const
+{
+    const int index = table.Index();
+    return table.Collection() == &FTables && index >= 0 && index < int(FStepOf.size()) ? index : -1;
+}
+
+int TVdJoinWalk::StepOf(const TVdTableDef& table) const
+{
+    const int slot = Slot(table);
+    if (slot >= 0)
+        return FStepOf[size_t(slot)];
+    for (const auto& [other, step] : FOtherSteps)
+        if (other == &table)
+            return step;
+    return NotEntered;
+}
+
+void TVdJoinWalk::SetStepOf(const TVdTableDef& table, int step)
+{
+    const int slot = Slot(table);
+    if (slot >= 0) {
+        FStepOf[size_t(slot)] = step;
+        return;
+    }
+    for (auto& [other, known] : FOtherSteps)
+        if (other == &table) {
+            known = step;
+            return;
+        }
+    FOtherSteps.emplace_back(&table, step);
+}
+
+bool TVdJoinWalk::IsJoined(const TVdTableDef& table) const
+{
+    const int slot = Slot(table);
+    return slot >= 0 && FLeadingStart[size_t(slot) + 1] > FLeadingStart[size_t(slot)];
+}
+
+std::pair<const TVdJoinWalk::TJoin*, const TVdJoinWalk::TJoin*>
+TVdJoinWalk::JoinsOf(const TVdTableDef& table)
+{
+    const int slot = Slot(table);
+    if (slot >= 0)
+        return {FJoins.data() + FJoinStart[size_t(slot)],
+                FJoins.data() + FJoinStart[size_t(slot) + 1]};
+    const TVdJoinDefs& joins = table.JoinDefs();
+    if (joins.Count() == 0)
+        return {nullptr, nullptr};
+    // A table of another collection: its joins are described as it is reached.
+    std::vector<TJoin>& described = FOtherJoins.emplace_back();
+    for (int j = 0; j < joins.Count(); ++j)
+        described.push_back(Describe(*joins.Items(j)));
+    return {described.data(), described.data() + described.size()};
+}
 
 void TVdJoinWalk::Append(const TVdTableDef& root, std::string& out)
 {
-    auto later = [](const TVdJoinDef* a, const TVdJoinDef* b) { return a->Sequence > b->Sequence; };
-    std::priority_queue<const TVdJoinDef*, std::vector<const TVdJoinDef*>, decltype(later)> ready(
-        later);
+    auto later = [](const TJoin* a, const TJoin* b) {
+        return a->Join->Sequence > b->Join->Sequence;
+    };
+    std::priority_queue<const TJoin*, std::vector<const TJoin*>, decltype(later)> ready(later);
     auto offer = [&](const TVdTableDef& table) {
-        const TVdJoinDefs& joins = table.JoinDefs();
-        for (int j = 0; j < joins.Count(); ++j)
-            ready.push(joins.Items(j));
+        const auto [first, last] = JoinsOf(table);
+        for (const TJoin* join = first; join != last; ++join)
+            ready.push(join);
         if (!FBackwards)
             return;
-        const auto leading = FLeadingTo.find(&table);
-        if (leading != FLeadingTo.end())
-            for (const TVdJoinDef* join : leading->second)
-                ready.push(join);
+        const int slot = Slot(table);
+        if (slot >= 0)
+            for (int i = FLeadingStart[size_t(slot)]; i < FLeadingStart[size_t(slot) + 1]; ++i)
+                ready.push(FLeading[size_t(i)]);
     };
     std::vector<TStep> steps;
-    FStepOf[&root] = -1;
+    SetStepOf(root, -1);
     offer(root);
     while (!ready.empty()) {
-        const TVdJoinDef* join = ready.top();
+        const TJoin& next = *ready.top();
         ready.pop();
-        const TVdTableDef* owner = join->GetTableDef();
-        const TVdTableDef* target = Target(*join);
+        const TVdJoinDef* join = next.Join;
+        const TVdTableDef* owner = next.Owner;
+        const TVdTableDef* target = next.Target;
         if (!target)
             continue;
-        const bool ownerIn = Entered(*owner);
-        const bool targetIn = Entered(*target);
+        const int ownerStep = StepOf(*owner);
+        const int targetStep = StepOf(*target);
+        const bool ownerIn = ownerStep != NotEntered;
+        const bool targetIn = targetStep != NotEntered;
         if (ownerIn && targetIn) {
             // Offered from both of its tables: its condition is added once.
-            const int step = std::max(FStepOf[owner], FStepOf[target]);
+            const int step = std::max(ownerStep, targetStep);
             if (step < 0)
                 continue;
             std::vector<const TVdJoinDef*>& more = steps[size_t(step)].More;
@@ -67,7 +148,7 @@ void TVdJoinWalk::Append(const TVdTableDef& root, std::string& out)
         }
         const TVdTableDef* from = ownerIn ? owner : target;
         const TVdTableDef* table = ownerIn ? target : owner;
-        FStepOf[table] = int(steps.size());
+        SetStepOf(*table, int(steps.size()));
         steps.push_back({join, from, table, !ownerIn, {}});
         offer(*table);
     }

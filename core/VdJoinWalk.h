@@ -9,8 +9,9 @@
 // it. A join between two tables already there (a second pair of fields, a ring of joins)
 // adds its condition to the ON of the later of the two: SQL names a table once in FROM.
 
+#include <deque>
 #include <string>
-#include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace vd {
@@ -25,13 +26,20 @@ public:
     // backwards: follow joins from the table they lead to back to the owning table as well.
     TVdJoinWalk(const TVdTableDefs& tables, bool backwards);
 
-    bool Entered(const TVdTableDef& table) const { return FStepOf.count(&table) > 0; }
+    bool Entered(const TVdTableDef& table) const { return StepOf(table) != NotEntered; }
     // Whether a join that prints leads to table.
     bool IsJoined(const TVdTableDef& table) const;
     // Enters root and appends the joins reached from it: " \r\n  INNER JOIN ..." each.
     void Append(const TVdTableDef& root, std::string& out);
 
 private:
+    // A join with its two tables, looked up once per walk.
+    struct TJoin {
+        const TVdJoinDef* Join;
+        const TVdTableDef* Owner;
+        // The table it leads to when it prints, else null.
+        const TVdTableDef* Target;
+    };
     struct TStep {
         const TVdJoinDef* Join;
         const TVdTableDef* From;
@@ -39,16 +47,32 @@ private:
         bool Backwards;
         std::vector<const TVdJoinDef*> More;
     };
+    static constexpr int NotEntered = -2;
 
-    // The table a join leads to, when the join prints.
-    static const TVdTableDef* Target(const TVdJoinDef& join);
+    static TJoin Describe(const TVdJoinDef& join);
+    // The position of table among the walk's tables, or -1 for a table of another collection.
+    int Slot(const TVdTableDef& table) const;
+    int StepOf(const TVdTableDef& table) const;
+    void SetStepOf(const TVdTableDef& table, int step);
+    // The table's own joins, described.
+    std::pair<const TJoin*, const TJoin*> JoinsOf(const TVdTableDef& table);
     void AppendStep(const TStep& step, std::string& out) const;
 
+    const TVdTableDefs& FTables;
     bool FBackwards;
-    // The joins that lead to each table, for walking backwards.
-    std::unordered_map<const TVdTableDef*, std::vector<const TVdJoinDef*>> FLeadingTo;
-    // The step that brought a table in; -1 for a root.
-    std::unordered_map<const TVdTableDef*, int> FStepOf;
+    // Every join of the tables, table after table; a table's joins start at FJoinStart[slot].
+    std::vector<TJoin> FJoins;
+    std::vector<int> FJoinStart;
+    // The printing joins that lead to each table, for walking backwards: those leading to the
+    // table at a slot start at FLeadingStart[slot].
+    std::vector<const TJoin*> FLeading;
+    std::vector<int> FLeadingStart;
+    // The step that brought a table in, by slot; -1 for a root.
+    std::vector<int> FStepOf;
+    // The same for tables of another collection (a root handed in from elsewhere), and their
+    // joins.
+    std::vector<std::pair<const TVdTableDef*, int>> FOtherSteps;
+    std::deque<std::vector<TJoin>> FOtherJoins;
 };
 
 } // namespace vd
