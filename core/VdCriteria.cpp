@@ -119,6 +119,19 @@ void AppendRightSide(std::string& out, const TVdCriterion& criterion, const TVdO
     }
 }
 
+// criterion.OwnerList(), without a cast for the lists of this library.
+const TVdCriterions* ListOf(const TVdCriterion& criterion)
+{
+    const TVdCollection* collection = criterion.Collection();
+    if (!collection)
+        return nullptr;
+    const std::type_info& type = typeid(*collection);
+    if (type == typeid(TVdWhereItems) || type == typeid(TVdHavingItems) ||
+        type == typeid(TVdCriterions))
+        return static_cast<const TVdCriterions*>(collection);
+    return criterion.OwnerList();
+}
+
 // What TVdCriterion::GetScript prints for a comparison, appended to out.
 void AppendComparison(std::string& out, const TVdCriterion& criterion)
 {
@@ -136,7 +149,7 @@ void AppendComparison(std::string& out, const TVdCriterion& criterion)
         out += criterion.Operator();
     // The right side looks the operator up through the list's parser, which is almost always
     // the criterion's own.
-    const TVdCriterions* list = criterion.OwnerList();
+    const TVdCriterions* list = ListOf(criterion);
     const TVdSelectParser* listParser = list ? list->Parser() : nullptr;
     if (listParser != parser)
         op = listParser ? listParser->Operators().FindByCaption(criterion.Operator()) : nullptr;
@@ -153,8 +166,8 @@ void AppendComparison(std::string& out, const TVdCriterion& criterion)
 void script::AppendCriterionScript(std::string& out, const TVdCriterion& criterion)
 {
     const std::type_info& type = typeid(criterion);
-    if (type != typeid(TVdCriterion) && type != typeid(TVdWhereItem) &&
-        type != typeid(TVdHavingItem)) {
+    if (type != typeid(TVdWhereItem) && type != typeid(TVdHavingItem) &&
+        type != typeid(TVdCriterion)) {
         out += criterion.GetScript();
         return;
     }

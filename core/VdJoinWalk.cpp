@@ -12,33 +12,32 @@ TVdJoinWalk::TVdJoinWalk(const TVdTableDefs& tables, bool backwards)
     : FTables(tables), FBackwards(backwards)
 {
     const int count = tables.Count();
-    FJoinStart.reserve(size_t(count) + 1);
+    FSlots.assign(size_t(count) + 1, TSlot{0, 0, NotEntered});
+    FJoins.reserve(size_t(std::max(tables.JoinCount(), 0)));
     for (int t = 0; t < count; ++t) {
-        FJoinStart.push_back(int(FJoins.size()));
+        FSlots[size_t(t)].JoinStart = int(FJoins.size());
         const TVdJoinDefs& joins = tables.Items(t)->JoinDefs();
         for (int j = 0; j < joins.Count(); ++j)
             FJoins.push_back(Describe(*joins.Items(j)));
     }
-    FJoinStart.push_back(int(FJoins.size()));
-    FStepOf.assign(size_t(count), NotEntered);
-    // Counted, then placed: the joins leading to a table stand together in join order.
-    FLeadingStart.assign(size_t(count) + 1, 0);
+    FSlots[size_t(count)].JoinStart = int(FJoins.size());
+    // Counted, then placed from the back: the joins leading to a table stand together in
+    // join order.
+    int leading = 0;
     for (const TJoin& join : FJoins)
-        if (join.Target) {
-            const int slot = Slot(*join.Target);
-            if (slot >= 0)
-                ++FLeadingStart[size_t(slot) + 1];
+        if (const int slot = join.Target ? Slot(*join.Target) : -1; slot >= 0) {
+            ++FSlots[size_t(slot)].LeadingStart;
+            ++leading;
         }
-    for (int t = 0; t < count; ++t)
-        FLeadingStart[size_t(t) + 1] += FLeadingStart[size_t(t)];
-    FLeading.resize(size_t(FLeadingStart[size_t(count)]));
-    std::vector<int> next(FLeadingStart.begin(), FLeadingStart.end() - 1);
-    for (const TJoin& join : FJoins)
-        if (join.Target) {
-            const int slot = Slot(*join.Target);
-            if (slot >= 0)
-                FLeading[size_t(next[size_t(slot)]++)] = &join;
-        }
+    int end = 0;
+    for (TSlot& slot : FSlots) {
+        end += slot.LeadingStart;
+        slot.LeadingStart = end;
+    }
+    FLeading.resize(size_t(leading));
+    for (auto join = FJoins.rbegin(); join != FJoins.rend(); ++join)
+        if (const int slot = join->Target ? Slot(*join->Target) : -1; slot >= 0)
+            FLeading[size_t(--FSlots[size_t(slot)].LeadingStart)] = &*join;
 }
 
 TVdJoinWalk::TJoin TVdJoinWalk::Describe(const TVdJoinDef& join)
@@ -51,14 +50,15 @@ TVdJoinWalk::TJoin TVdJoinWalk::Describe(const TVdJoinDef& join)
 int TVdJoinWalk::Slot(const TVdTableDef& table) const
 {
     const int index = table.Index();
-    return table.Collection() == &FTables && index >= 0 && index < int(FStepOf.size()) ? index : -1;
+    return table.Collection() == &FTables && index >= 0 && index < int(FSlots.size()) - 1 ? index
+                                                                                          : -1;
 }
 
 int TVdJoinWalk::StepOf(const TVdTableDef& table) const
 {
     const int slot = Slot(table);
     if (slot >= 0)
-        return FStepOf[size_t(slot)];
+        return FSlots[size_t(slot)].Step;
     for (const auto& [other, step] : FOtherSteps)
         if (other == &table)
             return step;
@@ -69,7 +69,7 @@ void TVdJoinWalk::SetStepOf(const TVdTableDef& table, int step)
 {
     const int slot = Slot(table);
     if (slot >= 0) {
-        FStepOf[size_t(slot)] = step;
+        FSlots[size_t(slot)].Step = step;
         return;
     }
     for (auto& [other, known] : FOtherSteps)
@@ -83,7 +83,7 @@ void TVdJoinWalk::SetStepOf(const TVdTableDef& table, int step)
 bool TVdJoinWalk::IsJoined(const TVdTableDef& table) const
 {
     const int slot = Slot(table);
-    return slot >= 0 && FLeadingStart[size_t(slot) + 1] > FLeadingStart[size_t(slot)];
+    return slot >= 0 && FSlots[size_t(slot) + 1].LeadingStart > FSlots[size_t(slot)].LeadingStart;
 }
 
 std::pair<const TVdJoinWalk::TJoin*, const TVdJoinWalk::TJoin*>
@@ -91,8 +91,8 @@ TVdJoinWalk::JoinsOf(const TVdTableDef& table)
 {
     const int slot = Slot(table);
     if (slot >= 0)
-        return {FJoins.data() + FJoinStart[size_t(slot)],
-                FJoins.data() + FJoinStart[size_t(slot) + 1]};
+        return {FJoins.data() + FSlots[size_t(slot)].JoinStart,
+                FJoins.data() + FSlots[size_t(slot) + 1].JoinStart};
     const TVdJoinDefs& joins = table.JoinDefs();
     if (joins.Count() == 0)
         return {nullptr, nullptr};
@@ -117,7 +117,8 @@ void TVdJoinWalk::Append(const TVdTableDef& root, std::string& out)
             return;
         const int slot = Slot(table);
         if (slot >= 0)
-            for (int i = FLeadingStart[size_t(slot)]; i < FLeadingStart[size_t(slot) + 1]; ++i)
+            for (int i = FSlots[size_t(slot)].LeadingStart;
+                 i < FSlots[size_t(slot) + 1].LeadingStart; ++i)
                 ready.push(FLeading[size_t(i)]);
     };
     std::vector<TStep> steps;

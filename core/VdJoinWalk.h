@@ -9,7 +9,6 @@
 // it. A join between two tables already there (a second pair of fields, a ring of joins)
 // adds its condition to the ON of the later of the two: SQL names a table once in FROM.
 
-#include <deque>
 #include <string>
 #include <utility>
 #include <vector>
@@ -58,21 +57,26 @@ private:
     std::pair<const TJoin*, const TJoin*> JoinsOf(const TVdTableDef& table);
     void AppendStep(const TStep& step, std::string& out) const;
 
+    // What the walk knows of the table at a position; one more entry closes the ranges.
+    struct TSlot {
+        // Where its joins start in FJoins, and the joins leading to it in FLeading.
+        int JoinStart;
+        int LeadingStart;
+        // The step that brought it in; -1 for a root.
+        int Step;
+    };
+
     const TVdTableDefs& FTables;
     bool FBackwards;
-    // Every join of the tables, table after table; a table's joins start at FJoinStart[slot].
+    std::vector<TSlot> FSlots;
+    // Every join of the tables, table after table.
     std::vector<TJoin> FJoins;
-    std::vector<int> FJoinStart;
-    // The printing joins that lead to each table, for walking backwards: those leading to the
-    // table at a slot start at FLeadingStart[slot].
+    // The printing joins that lead to each table, for walking backwards.
     std::vector<const TJoin*> FLeading;
-    std::vector<int> FLeadingStart;
-    // The step that brought a table in, by slot; -1 for a root.
-    std::vector<int> FStepOf;
-    // The same for tables of another collection (a root handed in from elsewhere), and their
-    // joins.
+    // The steps of tables of another collection (a root handed in from elsewhere), and their
+    // joins (a vector keeps its elements in place when it moves).
     std::vector<std::pair<const TVdTableDef*, int>> FOtherSteps;
-    std::deque<std::vector<TJoin>> FOtherJoins;
+    std::vector<std::vector<TJoin>> FOtherJoins;
 };
 
 } // namespace vd
