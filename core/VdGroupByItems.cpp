@@ -117,23 +117,13 @@ bool SameUnquoted(std::string_view text, std::initializer_list<std::string_view>
     return at == text.size();
 }
 
-// Whether name holds more than quotes (its Unquoted text is not empty).
-bool HasUnquoted(std::string_view name)
+// The length of Unquoted(name).
+size_t UnquotedSize(std::string_view name)
 {
+    size_t size = 0;
     for (const char c : name)
-        if (!IsQuoteChar(c))
-            return true;
-    return false;
-}
-
-// Whether item names field by its name alone or qualified with the table's alias (or name),
-// in any letter case and quotes aside.
-bool NamesField(const std::string& item, const TVdFieldDef& field)
-{
-    if (SameUnquoted(item, {field.Name()}))
-        return true;
-    const std::string& prefix = TablePrefix(field);
-    return HasUnquoted(prefix) && SameUnquoted(item, {prefix, ".", field.Name()});
+        size += IsQuoteChar(c) ? 0 : 1;
+    return size;
 }
 
 // The derived fields under every spelling a GROUP BY item may name them by. A statement
@@ -147,8 +137,12 @@ public:
                   const std::vector<std::string>& lines)
         : FDerived(derived), FLines(lines), FHashed(derived.size() > FlatLimit)
     {
-        if (!FHashed)
+        if (!FHashed) {
+            FSizes.reserve(derived.size());
+            for (const TVdFieldDef* field : derived)
+                FSizes.push_back(SizesOf(*field));
             return;
+        }
         FByLine.reserve(derived.size());
         FByName.reserve(2 * derived.size());
         FPositions.reserve(derived.size());
@@ -173,8 +167,9 @@ public:
     void ForNamed(const std::string& item, const std::string& script, Visit visit) const
     {
         if (!FHashed) {
+            const size_t itemSize = UnquotedSize(item);
             for (size_t i = 0; i < FDerived.size(); ++i)
-                if (FLines[i] == script || NamesField(item, *FDerived[i]))
+                if (FLines[i] == script || NamesField(item, itemSize, i))
                     visit(int(i));
             return;
         }
@@ -209,6 +204,32 @@ public:
 private:
     static constexpr size_t FlatLimit = 16;
 
+    // The lengths of a field's spellings with their quotes taken out, so that most fields are
+    // told apart from an item by its length alone.
+    struct TSizes {
+        size_t Name;
+        // npos where the table's alias (or name) is only quotes: no qualified spelling.
+        size_t Qualified;
+    };
+
+    static TSizes SizesOf(const TVdFieldDef& field)
+    {
+        const size_t name = UnquotedSize(field.Name());
+        const size_t prefix = UnquotedSize(TablePrefix(field));
+        return {name, prefix == 0 ? std::string::npos : prefix + 1 + name};
+    }
+
+    // Whether item (itemSize long, quotes aside) names the derived field at i by its name alone
+    // or qualified with the table's alias (or name), in any letter case and quotes aside.
+    bool NamesField(const std::string& item, size_t itemSize, size_t i) const
+    {
+        const TVdFieldDef& field = *FDerived[i];
+        if (FSizes[i].Name == itemSize && SameUnquoted(item, {field.Name()}))
+            return true;
+        return FSizes[i].Qualified == itemSize &&
+               SameUnquoted(item, {TablePrefix(field), ".", field.Name()});
+    }
+
     // Visitors only mark fields, so the order among equal keys does not matter.
     using TKeys = std::unordered_multimap<std::string, int>;
 
@@ -237,6 +258,7 @@ private:
     const std::vector<const TVdFieldDef*>& FDerived;
     const std::vector<std::string>& FLines;
     const bool FHashed;
+    std::vector<TSizes> FSizes;
     TKeys FByLine;
     TKeys FByName;
     TKeys FByAlias;
