@@ -114,15 +114,21 @@ void TVdJoinDef::AppendCondition(std::string& out, bool joinedFirst) const
     if (!owner || !joined)
         return;
     const TVdSelectParser* parser = Parser();
-    std::string operation = Operation;
-    if (joinedFirst && MirrorComparison(operation)) {
-        AppendSide(out, parser, *joined, JoinField);
-        out += ' ' + operation + ' ';
-        AppendSide(out, parser, *owner, FieldName);
-        return;
+    if (joinedFirst) {
+        std::string operation = Operation;
+        if (MirrorComparison(operation)) {
+            AppendSide(out, parser, *joined, JoinField);
+            out += ' ';
+            out += operation;
+            out += ' ';
+            AppendSide(out, parser, *owner, FieldName);
+            return;
+        }
     }
     AppendSide(out, parser, *owner, FieldName);
-    out += ' ' + Operation + ' ';
+    out += ' ';
+    out += Operation;
+    out += ' ';
     AppendSide(out, parser, *joined, JoinField);
 }
 

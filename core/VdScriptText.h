@@ -131,6 +131,16 @@ inline void AppendItemName(std::string& out, const TVdSelectParser& parser, cons
         AppendBaseName(out, scanner, name, firstDot);
 }
 
+// ProcessAlias(alias) of a table or field with this parser: processed as a name where the
+// scanner asks for it.
+inline void AppendAlias(std::string& out, const TVdSelectParser* parser, const std::string& alias)
+{
+    if (parser && parser->Scanner().GetProcessAliases())
+        AppendItemName(out, *parser, alias);
+    else
+        out += alias;
+}
+
 // ProcessName(name) of an item with this parser.
 inline void AppendName(std::string& out, const TVdSelectParser* parser, const std::string& name)
 {

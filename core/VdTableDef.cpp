@@ -164,7 +164,7 @@ void script::AppendSourceText(std::string& out, const TVdTableDef& table)
     }
     if (!table.Alias().empty() && table.Alias() != table.Name()) {
         out += ' ';
-        out += table.ProcessAlias(table.Alias());
+        script::AppendAlias(out, table.Parser(), table.Alias());
     }
 }
 
