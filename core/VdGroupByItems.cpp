@@ -6,9 +6,9 @@
 #include "core/VdTableDef.h"
 #include "core/VdText.h"
 
+#include <cstdint>
 #include <initializer_list>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 
 namespace vd {
@@ -22,18 +22,6 @@ const std::string& TablePrefix(const TVdFieldDef& field)
     if (!table)
         return none;
     return table->Alias().empty() ? table->Name() : table->Alias();
-}
-
-// A name with its quotes taken out, so that "T".A, T.A and "T"."A" compare alike (the model
-// keeps a part in its quotes only where names print as they stand).
-std::string Unquoted(std::string_view name)
-{
-    std::string result;
-    result.reserve(name.size());
-    for (const char c : name)
-        if (c != '"' && c != '`' && c != '\'')
-            result += c;
-    return result;
 }
 
 } // namespace
@@ -96,7 +84,8 @@ namespace {
 bool IsQuoteChar(char c) { return c == '"' || c == '`' || c == '\''; }
 
 // Whether text, its quotes taken out, is the parts one after another, theirs taken out too,
-// in any letter case: Unquoted and Upper compared without building either string.
+// in any letter case, compared without building either: "T".A, T.A and "T"."A" compare alike
+// (the model keeps a part in its quotes only where names print as they stand).
 bool SameUnquoted(std::string_view text, std::initializer_list<std::string_view> parts)
 {
     size_t at = 0;
@@ -117,7 +106,7 @@ bool SameUnquoted(std::string_view text, std::initializer_list<std::string_view>
     return at == text.size();
 }
 
-// The length of Unquoted(name).
+// The length of name with its quotes taken out.
 size_t UnquotedSize(std::string_view name)
 {
     size_t size = 0;
@@ -125,6 +114,84 @@ size_t UnquotedSize(std::string_view name)
         size += IsQuoteChar(c) ? 0 : 1;
     return size;
 }
+
+// A hash of characters fed one at a time (FNV-1a, mixed at the end so that its low bits
+// spread), for spellings hashed as they are compared, without building them.
+class TKeyHash
+{
+public:
+    void Add(char c) { FValue = (FValue ^ static_cast<unsigned char>(c)) * 0x100000001b3ULL; }
+    void AddText(std::string_view text)
+    {
+        for (const char c : text)
+            Add(c);
+    }
+    void AddUpper(std::string_view text)
+    {
+        for (const char c : text)
+            Add(text::UpperChar(c));
+    }
+    // What stays of text once its quotes are taken out, upper-cased.
+    void AddUnquoted(std::string_view text)
+    {
+        for (const char c : text)
+            if (!IsQuoteChar(c))
+                Add(text::UpperChar(c));
+    }
+    size_t Value() const { return Mix(FValue); }
+
+    static size_t Mix(std::uint64_t h)
+    {
+        h ^= h >> 33;
+        h *= 0xff51afd7ed558ccdULL;
+        h ^= h >> 33;
+        return size_t(h);
+    }
+
+private:
+    std::uint64_t FValue = 0xcbf29ce484222325ULL;
+};
+
+// Codes under hashes in one flat table (open addressing): no node per key. Equal hashes do
+// not make equal keys: a visitor compares the spelling itself.
+class TKeyTable
+{
+public:
+    void Reserve(size_t count)
+    {
+        size_t size = 16;
+        while (size < 2 * count)
+            size <<= 1;
+        FSlots.assign(size, TSlot{0, -1});
+    }
+    void Add(size_t hash, int code)
+    {
+        const size_t mask = FSlots.size() - 1;
+        size_t at = hash & mask;
+        while (FSlots[at].Code >= 0)
+            at = (at + 1) & mask;
+        FSlots[at] = {hash, code};
+        ++FCount;
+    }
+    bool Empty() const { return FCount == 0; }
+    template <class Visit> void ForEach(size_t hash, Visit visit) const
+    {
+        if (FCount == 0)
+            return;
+        const size_t mask = FSlots.size() - 1;
+        for (size_t at = hash & mask; FSlots[at].Code >= 0; at = (at + 1) & mask)
+            if (FSlots[at].Hash == hash)
+                visit(FSlots[at].Code);
+    }
+
+private:
+    struct TSlot {
+        size_t Hash;
+        int Code;
+    };
+    std::vector<TSlot> FSlots;
+    size_t FCount = 0;
+};
 
 // The derived fields under every spelling a GROUP BY item may name them by. A statement
 // groups by a handful of columns: then the fields are compared with each item in order, no
@@ -143,20 +210,33 @@ public:
                 FSizes.push_back(SizesOf(*field));
             return;
         }
-        FByLine.reserve(derived.size());
-        FByName.reserve(2 * derived.size());
-        FPositions.reserve(derived.size());
+        FByLine.Reserve(derived.size());
+        FByName.Reserve(2 * derived.size());
+        FByAlias.Reserve(derived.size());
+        FPositions.Reserve(derived.size());
         for (int i = 0; i < int(derived.size()); ++i) {
             const TVdFieldDef& field = *derived[size_t(i)];
-            FByLine.emplace(lines[size_t(i)], i);
-            const std::string name = Unquoted(field.Name());
-            FByName.emplace(text::Upper(name), i);
-            const std::string prefix = Unquoted(TablePrefix(field));
-            if (!prefix.empty())
-                FByName.emplace(text::Upper(prefix + '.' + name), i);
-            if (!field.Alias().empty())
-                FByAlias.emplace(text::Upper(field.Alias()), i);
-            FPositions.emplace(&field, i);
+            TKeyHash line;
+            line.AddText(lines[size_t(i)]);
+            FByLine.Add(line.Value(), i);
+            // A name's code is twice its field's place, a qualified name's one more.
+            TKeyHash name;
+            name.AddUnquoted(field.Name());
+            FByName.Add(name.Value(), 2 * i);
+            const std::string& prefix = TablePrefix(field);
+            if (UnquotedSize(prefix) > 0) {
+                TKeyHash qualified;
+                qualified.AddUnquoted(prefix);
+                qualified.Add('.');
+                qualified.AddUnquoted(field.Name());
+                FByName.Add(qualified.Value(), 2 * i + 1);
+            }
+            if (!field.Alias().empty()) {
+                TKeyHash alias;
+                alias.AddUpper(field.Alias());
+                FByAlias.Add(alias.Value(), i);
+            }
+            FPositions.Add(PointerHash(&field), i);
         }
     }
 
@@ -173,8 +253,20 @@ public:
                     visit(int(i));
             return;
         }
-        ForEach(FByLine, script, visit);
-        ForEach(FByName, text::Upper(Unquoted(item)), visit);
+        TKeyHash line;
+        line.AddText(script);
+        FByLine.ForEach(line.Value(), [&](int i) {
+            if (FLines[size_t(i)] == script)
+                visit(i);
+        });
+        TKeyHash name;
+        name.AddUnquoted(item);
+        FByName.ForEach(name.Value(), [&](int code) {
+            const TVdFieldDef& field = *FDerived[size_t(code / 2)];
+            if (code % 2 == 0 ? SameUnquoted(item, {field.Name()})
+                              : SameUnquoted(item, {TablePrefix(field), ".", field.Name()}))
+                visit(code / 2);
+        });
     }
 
     // The fields item groups by: those it names, the one whose alias it is, the one at its
@@ -188,8 +280,13 @@ public:
             for (size_t i = 0; i < FDerived.size(); ++i)
                 if (!FDerived[i]->Alias().empty() && text::SameText(item, FDerived[i]->Alias()))
                     visit(int(i));
-        } else if (!FByAlias.empty()) {
-            ForEach(FByAlias, text::Upper(item), visit);
+        } else if (!FByAlias.Empty()) {
+            TKeyHash alias;
+            alias.AddUpper(item);
+            FByAlias.ForEach(alias.Value(), [&](int i) {
+                if (text::SameText(item, FDerived[size_t(i)]->Alias()))
+                    visit(i);
+            });
         }
         if (!TVdStringList::IsPosition(item) || item.size() > 9)
             return;
@@ -230,24 +327,21 @@ private:
                SameUnquoted(item, {TablePrefix(field), ".", field.Name()});
     }
 
-    // Visitors only mark fields, so the order among equal keys does not matter.
-    using TKeys = std::unordered_multimap<std::string, int>;
-
-    // The fields under key.
-    template <class Visit>
-    static void ForEach(const TKeys& keys, const std::string& key, Visit visit)
+    static size_t PointerHash(const TVdFieldDef* field)
     {
-        const auto [first, last] = keys.equal_range(key);
-        for (auto it = first; it != last; ++it)
-            visit(it->second);
+        return TKeyHash::Mix(std::uint64_t(reinterpret_cast<std::uintptr_t>(field)));
     }
 
     // The first place of a field among the derived ones, or -1.
     int PositionOf(const TVdFieldDef* field) const
     {
         if (FHashed) {
-            const auto found = FPositions.find(field);
-            return found == FPositions.end() ? -1 : found->second;
+            int first = -1;
+            FPositions.ForEach(PointerHash(field), [&](int i) {
+                if (FDerived[size_t(i)] == field && (first < 0 || i < first))
+                    first = i;
+            });
+            return first;
         }
         for (size_t i = 0; i < FDerived.size(); ++i)
             if (FDerived[i] == field)
@@ -259,10 +353,11 @@ private:
     const std::vector<std::string>& FLines;
     const bool FHashed;
     std::vector<TSizes> FSizes;
-    TKeys FByLine;
-    TKeys FByName;
-    TKeys FByAlias;
-    std::unordered_map<const TVdFieldDef*, int> FPositions;
+    // Visitors only mark fields, so the order among equal keys does not matter.
+    TKeyTable FByLine;
+    TKeyTable FByName;
+    TKeyTable FByAlias;
+    TKeyTable FPositions;
 };
 
 } // namespace
