@@ -12,14 +12,14 @@
 
 namespace vd::script {
 
-// ProcessKeyword(word) of an item with this parser. Keywords printed as written (the
-// default) are copied without going through FormatWord.
+// ProcessKeyword(word) of an item with this parser, written straight into out.
 inline void AppendKeyword(std::string& out, const TVdSelectParser* parser, std::string_view word)
 {
-    if (!parser || parser->ScriptFormat().KeywordsFormat == qfmAsIs)
+    const TVdFormatMode mode = parser ? parser->ScriptFormat().KeywordsFormat : qfmAsIs;
+    if (mode == qfmAsIs)
         out += word;
     else
-        out += parser->ProcessKeyword(std::string(word));
+        AppendFormatted(out, word, mode);
 }
 
 // "GROUP BY\r\n  " (first, a blank, second, a line break and the indent) in the parser's
@@ -37,10 +37,11 @@ inline void AppendClauseHead(std::string& out, const TVdSelectParser* parser,
 inline void AppendFunctionName(std::string& out, const TVdSelectParser* parser,
                                const std::string& name)
 {
-    if (!parser || parser->ScriptFormat().FunctionsFormat == qfmAsIs)
+    const TVdFormatMode mode = parser ? parser->ScriptFormat().FunctionsFormat : qfmAsIs;
+    if (mode == qfmAsIs)
         out += name;
     else
-        out += parser->ProcessFunction(name);
+        AppendFormatted(out, name, mode);
 }
 
 // Whether name holds ".db" in any letter case; firstDot is where its first "." stands.
