@@ -141,16 +141,17 @@ void TVdJoinWalk::Append(const TVdTableDef& root, std::string& out)
             const int step = std::max(ownerStep, targetStep);
             if (step < 0)
                 continue;
-            std::vector<const TVdJoinDef*>& more = steps[size_t(step)].More;
-            if (steps[size_t(step)].Join != join &&
-                std::find(more.begin(), more.end(), join) == more.end())
-                more.push_back(join);
+            std::vector<const TJoin*>& more = steps[size_t(step)].More;
+            const auto same = [join](const TJoin* other) { return other->Join == join; };
+            if (steps[size_t(step)].Join->Join != join &&
+                std::find_if(more.begin(), more.end(), same) == more.end())
+                more.push_back(&next);
             continue;
         }
         const TVdTableDef* from = ownerIn ? owner : target;
         const TVdTableDef* table = ownerIn ? target : owner;
         SetStepOf(*table, int(steps.size()));
-        steps.push_back({join, from, table, !ownerIn, {}});
+        steps.push_back({&next, from, table, !ownerIn, {}});
         offer(*table);
     }
     const TVdTableDef* runOf = nullptr;
@@ -166,20 +167,21 @@ void TVdJoinWalk::Append(const TVdTableDef& root, std::string& out)
 void TVdJoinWalk::AppendStep(const TStep& step, std::string& out) const
 {
     out += "\r\n  ";
-    const TVdJoinKind kind = step.Join->JoinKind;
+    const TVdJoinDef& join = *step.Join->Join;
+    const TVdJoinKind kind = join.JoinKind;
     // Brought in from the other side, the table that keeps all its rows is on the other side.
     const TVdJoinKind printed = !step.Backwards         ? kind
                                 : kind == vdjLOuterJoin ? vdjROuterJoin
                                 : kind == vdjROuterJoin ? vdjLOuterJoin
                                                         : kind;
-    step.Join->AppendHead(out, printed, *step.Table);
+    join.AppendHead(out, printed, *step.Table);
     out += " (";
-    step.Join->AppendCondition(out, step.Backwards);
-    for (const TVdJoinDef* more : step.More) {
+    join.AppendCondition(out, step.Backwards, *step.Join->Owner, *step.Join->Target);
+    for (const TJoin* more : step.More) {
         out += ' ';
-        step.Join->AppendKeyword(out, "AND");
+        join.AppendKeyword(out, "AND");
         out += ' ';
-        more->AppendCondition(out, false);
+        more->Join->AppendCondition(out, false, *more->Owner, *more->Target);
     }
     out += ')';
 }

@@ -40,11 +40,11 @@ private:
         const TVdTableDef* Target;
     };
     struct TStep {
-        const TVdJoinDef* Join;
+        const TJoin* Join;
         const TVdTableDef* From;
         const TVdTableDef* Table;
         bool Backwards;
-        std::vector<const TVdJoinDef*> More;
+        std::vector<const TJoin*> More;
     };
     static constexpr int NotEntered = -2;
 
