@@ -201,8 +201,9 @@ std::string TVdSelectParser::GetExpression()
 std::string TVdSelectParser::StatementScript(const std::string& head, const std::string& tail)
 {
     std::string result;
-    // The print is about as long as the text read, plus quotes and line breaks: one buffer.
-    result.reserve(head.size() + tail.size() + Scanner().Expression().size() * 3 / 2 + 64);
+    // The print of a statement read from text is rarely twice as long (quotes, line breaks,
+    // aliases): one buffer for the whole of it.
+    result.reserve(head.size() + tail.size() + 2 * Scanner().Expression().size() + 64);
     result += head;
     const size_t start = result.size();
     size_t listSize = 0;
