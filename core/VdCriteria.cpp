@@ -4,6 +4,8 @@
 #include "core/VdScriptText.h"
 #include "core/VdSelectParser.h"
 
+#include <typeinfo>
+
 namespace vd {
 
 std::string GetFilterAsString(TVdCriterionFilter filter)
@@ -97,12 +99,8 @@ namespace {
 
 // The right side of a comparison, appended to out: as many arguments as the operator takes,
 // joined by its relating word (BETWEEN 1 AND 2); every argument when the operator is unknown.
-void AppendRightSide(std::string& out, const TVdCriterion& criterion)
+void AppendRightSide(std::string& out, const TVdCriterion& criterion, const TVdOperator* op)
 {
-    const TVdCriterions* list = criterion.OwnerList();
-    const TVdOperator* op = list && list->Parser()
-                                ? list->Parser()->Operators().FindByCaption(criterion.Operator())
-                                : nullptr;
     const TVdFunctionDefs& right = criterion.RightSide();
     if (!op || op->Count < 1) {
         script::AppendNodeList(out, right);
@@ -121,29 +119,70 @@ void AppendRightSide(std::string& out, const TVdCriterion& criterion)
     }
 }
 
+// criterion.OwnerList(), without a cast for the lists of this library.
+const TVdCriterions* ListOf(const TVdCriterion& criterion)
+{
+    const TVdCollection* collection = criterion.Collection();
+    if (!collection)
+        return nullptr;
+    const std::type_info& type = typeid(*collection);
+    if (type == typeid(TVdWhereItems) || type == typeid(TVdHavingItems) ||
+        type == typeid(TVdCriterions))
+        return static_cast<const TVdCriterions*>(collection);
+    return criterion.OwnerList();
+}
+
+// What TVdCriterion::GetScript prints for a comparison, appended to out.
+void AppendComparison(std::string& out, const TVdCriterion& criterion)
+{
+    script::AppendNodeScript(out, criterion.LeftSide());
+    out += ' ';
+    // An operator the table does not hold is text the statement gave (NOT IN-1, a partial
+    // match that an operand completed): it prints as read, as a letter case could cut it into
+    // other words (not in-1 reads as NOT, IN, -1 where only upper-case letters make words).
+    const TVdSelectParser* parser = criterion.Parser();
+    const TVdOperator* op =
+        parser ? parser->Operators().FindByCaption(criterion.Operator()) : nullptr;
+    if (!parser || op)
+        script::AppendKeyword(out, parser, criterion.Operator());
+    else
+        out += criterion.Operator();
+    // The right side looks the operator up through the list's parser, which is almost always
+    // the criterion's own.
+    const TVdCriterions* list = ListOf(criterion);
+    const TVdSelectParser* listParser = list ? list->Parser() : nullptr;
+    if (listParser != parser)
+        op = listParser ? listParser->Operators().FindByCaption(criterion.Operator()) : nullptr;
+    // No blank after an operator without right side (IS NULL).
+    const size_t mark = out.size();
+    out += ' ';
+    AppendRightSide(out, criterion, op);
+    if (out.size() == mark + 1)
+        out.resize(mark);
+}
+
 } // namespace
+
+void script::AppendCriterionScript(std::string& out, const TVdCriterion& criterion)
+{
+    const std::type_info& type = typeid(criterion);
+    if (type != typeid(TVdWhereItem) && type != typeid(TVdHavingItem) &&
+        type != typeid(TVdCriterion)) {
+        out += criterion.GetScript();
+        return;
+    }
+    if (criterion.IsGroup())
+        AppendCriteriaScript(out, criterion.SubItems());
+    else
+        AppendComparison(out, criterion);
+}
 
 std::string TVdCriterion::GetScript() const
 {
     if (IsGroup())
         return FSubItems->GetScript();
     std::string out;
-    script::AppendNodeScript(out, FLeftSide);
-    out += ' ';
-    // An operator the table does not hold is text the statement gave (NOT IN-1, a partial
-    // match that an operand completed): it prints as read, as a letter case could cut it into
-    // other words (not in-1 reads as NOT, IN, -1 where only upper-case letters make words).
-    const TVdSelectParser* parser = Parser();
-    if (!parser || parser->Operators().FindByCaption(FOperator))
-        script::AppendKeyword(out, parser, FOperator);
-    else
-        out += FOperator;
-    // No blank after an operator without right side (IS NULL).
-    const size_t mark = out.size();
-    out += ' ';
-    AppendRightSide(out, *this);
-    if (out.size() == mark + 1)
-        out.resize(mark);
+    AppendComparison(out, *this);
     return out;
 }
 
@@ -184,7 +223,7 @@ void AppendCriteria(std::string& out, const TVdCriterions& list)
             out += " \r\n  ";
         }
         out += '(';
-        out += list.Items(i)->GetScript();
+        script::AppendCriterionScript(out, *list.Items(i));
         out += ')';
     }
     if (negated)
@@ -193,16 +232,27 @@ void AppendCriteria(std::string& out, const TVdCriterions& list)
         out += "\r\n";
 }
 
-// A top-level WHERE or HAVING clause: the keyword, then the criteria; empty without any.
-std::string ClauseScript(const TVdCriterions& list, const char* keyword)
+// A top-level WHERE or HAVING clause appended to out: the keyword, then the criteria;
+// nothing without any.
+void AppendClause(std::string& out, const TVdCriterions& list, const char* keyword)
 {
-    std::string out;
     if (list.Count() == 0)
-        return out;
+        return;
     script::AppendKeyword(out, list.Parser(), keyword);
     out += "\r\n  ";
     AppendCriteria(out, list);
-    return out;
+}
+
+// TVdHavingItems::GetScript appended to out.
+void AppendHaving(std::string& out, const TVdCriterions& list)
+{
+    if (list.Owner()) {
+        AppendCriteria(out, list);
+        return;
+    }
+    if (list.Parser() && list.Parser()->GroupByItems().Count() == 0)
+        return;
+    AppendClause(out, list, "HAVING");
 }
 
 } // namespace
@@ -221,9 +271,12 @@ TVdWhereItems::TVdWhereItems(TVdCriterion* owner)
 
 std::string TVdWhereItems::GetScript() const
 {
+    std::string out;
     if (Owner())
-        return TVdCriterions::GetScript();
-    return ClauseScript(*this, "WHERE");
+        AppendCriteria(out, *this);
+    else
+        AppendClause(out, *this, "WHERE");
+    return out;
 }
 
 TVdHavingItems::TVdHavingItems(TVdCriterion* owner)
@@ -233,11 +286,26 @@ TVdHavingItems::TVdHavingItems(TVdCriterion* owner)
 
 std::string TVdHavingItems::GetScript() const
 {
-    if (Owner())
-        return TVdCriterions::GetScript();
-    if (Parser() && Parser()->GroupByItems().Count() == 0)
-        return std::string();
-    return ClauseScript(*this, "HAVING");
+    std::string out;
+    AppendHaving(out, *this);
+    return out;
+}
+
+void script::AppendCriteriaScript(std::string& out, const TVdCriterions& list)
+{
+    const std::type_info& type = typeid(list);
+    if (type == typeid(TVdWhereItems)) {
+        if (list.Owner())
+            AppendCriteria(out, list);
+        else
+            AppendClause(out, list, "WHERE");
+    } else if (type == typeid(TVdHavingItems)) {
+        AppendHaving(out, list);
+    } else if (type == typeid(TVdCriterions)) {
+        AppendCriteria(out, list);
+    } else {
+        out += list.GetScript();
+    }
 }
 
 std::unique_ptr<TVdCriterions> TVdWhereItem::CreateSubItems()

@@ -70,7 +70,7 @@ void AppendOwnScript(std::string& out, const TVdFieldDef& field)
     out += ' ';
     script::AppendKeyword(out, field.Parser(), "AS");
     out += ' ';
-    out += field.ProcessAlias(alias);
+    script::AppendAlias(out, field.Parser(), alias);
 }
 
 } // namespace

@@ -6,7 +6,9 @@
 #include "core/VdTableDef.h"
 #include "core/VdText.h"
 
-#include <unordered_map>
+#include <cstdint>
+#include <initializer_list>
+#include <string_view>
 #include <utility>
 
 namespace vd {
@@ -20,18 +22,6 @@ const std::string& TablePrefix(const TVdFieldDef& field)
     if (!table)
         return none;
     return table->Alias().empty() ? table->Name() : table->Alias();
-}
-
-// A name with its quotes taken out, so that "T".A, T.A and "T"."A" compare alike (the model
-// keeps a part in its quotes only where names print as they stand).
-std::string Unquoted(std::string_view name)
-{
-    std::string result;
-    result.reserve(name.size());
-    for (const char c : name)
-        if (c != '"' && c != '`' && c != '\'')
-            result += c;
-    return result;
 }
 
 } // namespace
@@ -71,9 +61,11 @@ std::string TVdGroupByItems::DerivedLine(const TVdFieldDef& field) const
     const TVdSelectParser& parser = *Parser();
     std::string line;
     const std::string& prefix = TablePrefix(field);
-    if (!prefix.empty())
-        line += parser.ProcessItemName(prefix) + '.';
-    line += parser.ProcessItemName(field.Name());
+    if (!prefix.empty()) {
+        script::AppendItemName(line, parser, prefix);
+        line += '.';
+    }
+    script::AppendItemName(line, parser, field.Name());
     return line;
 }
 
@@ -89,34 +81,162 @@ TVdGroupByItems::DerivedLines(const std::vector<const TVdFieldDef*>& derived) co
 
 namespace {
 
+bool IsQuoteChar(char c) { return c == '"' || c == '`' || c == '\''; }
+
+// Whether text, its quotes taken out, is the parts one after another, theirs taken out too,
+// in any letter case, compared without building either: "T".A, T.A and "T"."A" compare alike
+// (the model keeps a part in its quotes only where names print as they stand).
+bool SameUnquoted(std::string_view text, std::initializer_list<std::string_view> parts)
+{
+    size_t at = 0;
+    auto skipQuotes = [&] {
+        while (at < text.size() && IsQuoteChar(text[at]))
+            ++at;
+    };
+    for (const std::string_view part : parts)
+        for (const char c : part) {
+            if (IsQuoteChar(c))
+                continue;
+            skipQuotes();
+            if (at == text.size() || text::UpperChar(text[at]) != text::UpperChar(c))
+                return false;
+            ++at;
+        }
+    skipQuotes();
+    return at == text.size();
+}
+
+// The length of name with its quotes taken out.
+size_t UnquotedSize(std::string_view name)
+{
+    size_t size = 0;
+    for (const char c : name)
+        size += IsQuoteChar(c) ? 0 : 1;
+    return size;
+}
+
+// A hash of characters fed one at a time (FNV-1a, mixed at the end so that its low bits
+// spread), for spellings hashed as they are compared, without building them.
+class TKeyHash
+{
+public:
+    void Add(char c) { FValue = (FValue ^ static_cast<unsigned char>(c)) * 0x100000001b3ULL; }
+    void AddText(std::string_view text)
+    {
+        for (const char c : text)
+            Add(c);
+    }
+    void AddUpper(std::string_view text)
+    {
+        for (const char c : text)
+            Add(text::UpperChar(c));
+    }
+    // What stays of text once its quotes are taken out, upper-cased.
+    void AddUnquoted(std::string_view text)
+    {
+        for (const char c : text)
+            if (!IsQuoteChar(c))
+                Add(text::UpperChar(c));
+    }
+    size_t Value() const { return Mix(FValue); }
+
+    static size_t Mix(std::uint64_t h)
+    {
+        h ^= h >> 33;
+        h *= 0xff51afd7ed558ccdULL;
+        h ^= h >> 33;
+        return size_t(h);
+    }
+
+private:
+    std::uint64_t FValue = 0xcbf29ce484222325ULL;
+};
+
+// Codes under hashes in one flat table (open addressing): no node per key. Equal hashes do
+// not make equal keys: a visitor compares the spelling itself.
+class TKeyTable
+{
+public:
+    void Reserve(size_t count)
+    {
+        size_t size = 16;
+        while (size < 2 * count)
+            size <<= 1;
+        FSlots.assign(size, TSlot{0, -1});
+    }
+    void Add(size_t hash, int code)
+    {
+        const size_t mask = FSlots.size() - 1;
+        size_t at = hash & mask;
+        while (FSlots[at].Code >= 0)
+            at = (at + 1) & mask;
+        FSlots[at] = {hash, code};
+        ++FCount;
+    }
+    bool Empty() const { return FCount == 0; }
+    template <class Visit> void ForEach(size_t hash, Visit visit) const
+    {
+        if (FCount == 0)
+            return;
+        const size_t mask = FSlots.size() - 1;
+        for (size_t at = hash & mask; FSlots[at].Code >= 0; at = (at + 1) & mask)
+            if (FSlots[at].Hash == hash)
+                visit(FSlots[at].Code);
+    }
+
+private:
+    struct TSlot {
+        size_t Hash;
+        int Code;
+    };
+    std::vector<TSlot> FSlots;
+    size_t FCount = 0;
+};
+
 // The derived fields under every spelling a GROUP BY item may name them by. A statement
-// groups by a handful of columns: then the spellings are kept in flat lists and searched in
-// order, no node per key. Beyond that they are hashed, so that each kept item is looked up once
+// groups by a handful of columns: then the fields are compared with each item in order, no
+// key built. Beyond that the spellings are hashed, so that each kept item is looked up once
 // rather than compared with every field.
 class TDerivedIndex
 {
 public:
     TDerivedIndex(const std::vector<const TVdFieldDef*>& derived,
                   const std::vector<std::string>& lines)
-        : FDerived(derived), FHashed(derived.size() > FlatLimit)
+        : FDerived(derived), FLines(lines), FHashed(derived.size() > FlatLimit)
     {
-        if (FHashed) {
-            FByLine.Map.reserve(derived.size());
-            FByName.Map.reserve(2 * derived.size());
-            FPositions.reserve(derived.size());
+        if (!FHashed) {
+            FSizes.reserve(derived.size());
+            for (const TVdFieldDef* field : derived)
+                FSizes.push_back(SizesOf(*field));
+            return;
         }
+        FByLine.Reserve(derived.size());
+        FByName.Reserve(2 * derived.size());
+        FByAlias.Reserve(derived.size());
+        FPositions.Reserve(derived.size());
         for (int i = 0; i < int(derived.size()); ++i) {
             const TVdFieldDef& field = *derived[size_t(i)];
-            FByLine.Add(FHashed, lines[size_t(i)], i);
-            const std::string name = Unquoted(field.Name());
-            FByName.Add(FHashed, text::Upper(name), i);
-            const std::string prefix = Unquoted(TablePrefix(field));
-            if (!prefix.empty())
-                FByName.Add(FHashed, text::Upper(prefix + '.' + name), i);
-            if (!field.Alias().empty())
-                FByAlias.Add(FHashed, text::Upper(field.Alias()), i);
-            if (FHashed)
-                FPositions.emplace(&field, i);
+            TKeyHash line;
+            line.AddText(lines[size_t(i)]);
+            FByLine.Add(line.Value(), i);
+            // A name's code is twice its field's place, a qualified name's one more.
+            TKeyHash name;
+            name.AddUnquoted(field.Name());
+            FByName.Add(name.Value(), 2 * i);
+            const std::string& prefix = TablePrefix(field);
+            if (UnquotedSize(prefix) > 0) {
+                TKeyHash qualified;
+                qualified.AddUnquoted(prefix);
+                qualified.Add('.');
+                qualified.AddUnquoted(field.Name());
+                FByName.Add(qualified.Value(), 2 * i + 1);
+            }
+            if (!field.Alias().empty()) {
+                TKeyHash alias;
+                alias.AddUpper(field.Alias());
+                FByAlias.Add(alias.Value(), i);
+            }
+            FPositions.Add(PointerHash(&field), i);
         }
     }
 
@@ -126,8 +246,27 @@ public:
     template <class Visit>
     void ForNamed(const std::string& item, const std::string& script, Visit visit) const
     {
-        FByLine.ForEach(script, visit);
-        FByName.ForEach(text::Upper(Unquoted(item)), visit);
+        if (!FHashed) {
+            const size_t itemSize = UnquotedSize(item);
+            for (size_t i = 0; i < FDerived.size(); ++i)
+                if (FLines[i] == script || NamesField(item, itemSize, i))
+                    visit(int(i));
+            return;
+        }
+        TKeyHash line;
+        line.AddText(script);
+        FByLine.ForEach(line.Value(), [&](int i) {
+            if (FLines[size_t(i)] == script)
+                visit(i);
+        });
+        TKeyHash name;
+        name.AddUnquoted(item);
+        FByName.ForEach(name.Value(), [&](int code) {
+            const TVdFieldDef& field = *FDerived[size_t(code / 2)];
+            if (code % 2 == 0 ? SameUnquoted(item, {field.Name()})
+                              : SameUnquoted(item, {TablePrefix(field), ".", field.Name()}))
+                visit(code / 2);
+        });
     }
 
     // The fields item groups by: those it names, the one whose alias it is, the one at its
@@ -137,8 +276,18 @@ public:
                     const std::vector<const TVdFieldDef*>& printed, Visit visit) const
     {
         ForNamed(item, script, visit);
-        if (!FByAlias.Empty())
-            FByAlias.ForEach(text::Upper(item), visit);
+        if (!FHashed) {
+            for (size_t i = 0; i < FDerived.size(); ++i)
+                if (!FDerived[i]->Alias().empty() && text::SameText(item, FDerived[i]->Alias()))
+                    visit(int(i));
+        } else if (!FByAlias.Empty()) {
+            TKeyHash alias;
+            alias.AddUpper(item);
+            FByAlias.ForEach(alias.Value(), [&](int i) {
+                if (text::SameText(item, FDerived[size_t(i)]->Alias()))
+                    visit(i);
+            });
+        }
         if (!TVdStringList::IsPosition(item) || item.size() > 9)
             return;
         const size_t position = std::stoul(item);
@@ -152,39 +301,47 @@ public:
 private:
     static constexpr size_t FlatLimit = 16;
 
-    struct TKeys {
-        std::vector<std::pair<std::string, int>> List;
-        // Visitors only mark fields, so the order among equal keys does not matter.
-        std::unordered_multimap<std::string, int> Map;
-
-        void Add(bool hashed, std::string key, int i)
-        {
-            if (hashed)
-                Map.emplace(std::move(key), i);
-            else
-                List.emplace_back(std::move(key), i);
-        }
-        bool Empty() const { return List.empty() && Map.empty(); }
-        // The fields under key.
-        template <class Visit> void ForEach(const std::string& key, Visit visit) const
-        {
-            for (const auto& [spelling, i] : List)
-                if (spelling == key)
-                    visit(i);
-            if (Map.empty())
-                return;
-            const auto [first, last] = Map.equal_range(key);
-            for (auto it = first; it != last; ++it)
-                visit(it->second);
-        }
+    // The lengths of a field's spellings with their quotes taken out, so that most fields are
+    // told apart from an item by its length alone.
+    struct TSizes {
+        size_t Name;
+        // npos where the table's alias (or name) is only quotes: no qualified spelling.
+        size_t Qualified;
     };
+
+    static TSizes SizesOf(const TVdFieldDef& field)
+    {
+        const size_t name = UnquotedSize(field.Name());
+        const size_t prefix = UnquotedSize(TablePrefix(field));
+        return {name, prefix == 0 ? std::string::npos : prefix + 1 + name};
+    }
+
+    // Whether item (itemSize long, quotes aside) names the derived field at i by its name alone
+    // or qualified with the table's alias (or name), in any letter case and quotes aside.
+    bool NamesField(const std::string& item, size_t itemSize, size_t i) const
+    {
+        const TVdFieldDef& field = *FDerived[i];
+        if (FSizes[i].Name == itemSize && SameUnquoted(item, {field.Name()}))
+            return true;
+        return FSizes[i].Qualified == itemSize &&
+               SameUnquoted(item, {TablePrefix(field), ".", field.Name()});
+    }
+
+    static size_t PointerHash(const TVdFieldDef* field)
+    {
+        return TKeyHash::Mix(std::uint64_t(reinterpret_cast<std::uintptr_t>(field)));
+    }
 
     // The first place of a field among the derived ones, or -1.
     int PositionOf(const TVdFieldDef* field) const
     {
         if (FHashed) {
-            const auto found = FPositions.find(field);
-            return found == FPositions.end() ? -1 : found->second;
+            int first = -1;
+            FPositions.ForEach(PointerHash(field), [&](int i) {
+                if (FDerived[size_t(i)] == field && (first < 0 || i < first))
+                    first = i;
+            });
+            return first;
         }
         for (size_t i = 0; i < FDerived.size(); ++i)
             if (FDerived[i] == field)
@@ -193,11 +350,14 @@ private:
     }
 
     const std::vector<const TVdFieldDef*>& FDerived;
+    const std::vector<std::string>& FLines;
     const bool FHashed;
-    TKeys FByLine;
-    TKeys FByName;
-    TKeys FByAlias;
-    std::unordered_map<const TVdFieldDef*, int> FPositions;
+    std::vector<TSizes> FSizes;
+    // Visitors only mark fields, so the order among equal keys does not matter.
+    TKeyTable FByLine;
+    TKeyTable FByName;
+    TKeyTable FByAlias;
+    TKeyTable FPositions;
 };
 
 } // namespace
@@ -210,15 +370,23 @@ void TVdGroupByItems::Rebuild()
         FLines = std::move(lines);
         return;
     }
-    const TDerivedIndex index(derived, lines);
-    FLines = std::move(lines);
-    for (const std::string& item : FKept) {
-        std::string script = ItemScript(item);
-        bool named = false;
-        index.ForNamed(item, script, [&named](int) { named = true; });
-        if (!named)
-            Add(script);
+    // The items to add are gathered first: the index reads the derived lines in place.
+    std::vector<std::string> added;
+    {
+        const TDerivedIndex index(derived, lines);
+        std::string script;
+        for (const std::string& item : FKept) {
+            script.clear();
+            AppendItemScript(script, item);
+            bool named = false;
+            index.ForNamed(item, script, [&named](int) { named = true; });
+            if (!named)
+                added.push_back(script);
+        }
     }
+    FLines = std::move(lines);
+    for (const std::string& script : added)
+        Add(script);
 }
 
 std::vector<bool>
@@ -228,18 +396,29 @@ TVdGroupByItems::KeptGroupings(const std::vector<const TVdFieldDef*>& derived,
     std::vector<bool> grouped(derived.size(), false);
     if (FKept.empty())
         return grouped;
-    const TDerivedIndex index(derived, DerivedLines(derived));
-    for (const std::string& item : FKept)
-        index.ForGrouped(item, ItemScript(item), printed,
-                         [&grouped](int i) { grouped[size_t(i)] = true; });
+    const std::vector<std::string> lines = DerivedLines(derived);
+    const TDerivedIndex index(derived, lines);
+    std::string script;
+    for (const std::string& item : FKept) {
+        script.clear();
+        AppendItemScript(script, item);
+        index.ForGrouped(item, script, printed, [&grouped](int i) { grouped[size_t(i)] = true; });
+    }
     return grouped;
 }
 
 std::string TVdGroupByItems::GetScript()
 {
+    std::string out;
+    AppendScript(out);
+    return out;
+}
+
+void TVdGroupByItems::AppendScript(std::string& out)
+{
     if (Parser())
         Rebuild();
-    return ClauseScript("GROUP", "BY", FLines);
+    AppendClause(out, "GROUP", "BY", FLines);
 }
 
 int TVdGroupByItems::AddKept(const std::string& item)

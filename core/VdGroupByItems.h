@@ -17,6 +17,8 @@ class TVdGroupByItems : public TVdStringList
 {
 public:
     std::string GetScript();
+    // GetScript() appended to out.
+    void AppendScript(std::string& out);
     // Refills the list: the derived items, then each kept item the derived ones do not name.
     void Rebuild();
     // The plain columns beside aggregates, in select-list order (empty without aggregates or

@@ -111,19 +111,30 @@ void TVdJoinDef::AppendCondition(std::string& out, bool joinedFirst) const
 {
     const TVdTableDef* owner = GetTableDef();
     const TVdTableDef* joined = JoinedTable();
-    if (!owner || !joined)
-        return;
+    if (owner && joined)
+        AppendCondition(out, joinedFirst, *owner, *joined);
+}
+
+void TVdJoinDef::AppendCondition(std::string& out, bool joinedFirst, const TVdTableDef& owner,
+                                 const TVdTableDef& joined) const
+{
     const TVdSelectParser* parser = Parser();
-    std::string operation = Operation;
-    if (joinedFirst && MirrorComparison(operation)) {
-        AppendSide(out, parser, *joined, JoinField);
-        out += ' ' + operation + ' ';
-        AppendSide(out, parser, *owner, FieldName);
-        return;
+    if (joinedFirst) {
+        std::string operation = Operation;
+        if (MirrorComparison(operation)) {
+            AppendSide(out, parser, joined, JoinField);
+            out += ' ';
+            out += operation;
+            out += ' ';
+            AppendSide(out, parser, owner, FieldName);
+            return;
+        }
     }
-    AppendSide(out, parser, *owner, FieldName);
-    out += ' ' + Operation + ' ';
-    AppendSide(out, parser, *joined, JoinField);
+    AppendSide(out, parser, owner, FieldName);
+    out += ' ';
+    out += Operation;
+    out += ' ';
+    AppendSide(out, parser, joined, JoinField);
 }
 
 std::string TVdJoinDef::GetScript() const

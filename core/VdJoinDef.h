@@ -27,6 +27,10 @@ public:
     // "A.X = T.Y"; joinedFirst gives "T.Y = A.X" with the comparison mirrored (a comparison
     // that has no mirror keeps the owning side first).
     void AppendCondition(std::string& out, bool joinedFirst) const;
+    // The same for an owner and a joined table already looked up (GetTableDef and
+    // JoinedTable).
+    void AppendCondition(std::string& out, bool joinedFirst, const TVdTableDef& owner,
+                         const TVdTableDef& joined) const;
     void AppendKeyword(std::string& out, const char* keyword) const;
 
     std::string Operation = "=";

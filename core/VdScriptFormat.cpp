@@ -12,20 +12,33 @@ void TVdScriptFormat::Assign(const TVdScriptFormat& source)
 
 std::string FormatWord(const std::string& word, TVdFormatMode mode)
 {
+    if (mode == qfmAsIs)
+        return word;
+    std::string result;
+    AppendFormatted(result, word, mode);
+    return result;
+}
+
+void AppendFormatted(std::string& out, std::string_view word, TVdFormatMode mode)
+{
     switch (mode) {
     case qfmUpperCase:
-        return text::Upper(word);
+        for (const char c : word)
+            out += text::UpperChar(c);
+        return;
     case qfmLowerCase:
-        return text::Lower(word);
-    case qfmFirstUpper: {
-        std::string result(word);
-        for (size_t i = 0; i < result.size(); ++i)
-            result[i] = (i == 0 || result[i - 1] == '_') ? text::UpperChar(result[i])
-                                                         : text::LowerChar(result[i]);
-        return result;
-    }
+        for (const char c : word)
+            out += text::LowerChar(c);
+        return;
+    case qfmFirstUpper:
+        // The character before, as read or as written: no letter case turns anything into
+        // "_" or "_" into anything else.
+        for (size_t i = 0; i < word.size(); ++i)
+            out += (i == 0 || word[i - 1] == '_') ? text::UpperChar(word[i])
+                                                  : text::LowerChar(word[i]);
+        return;
     default:
-        return word;
+        out += word;
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace vd {
 
@@ -20,5 +21,7 @@ public:
 
 // Applies a mode: qfmFirstUpper turns order_date into Order_Date.
 std::string FormatWord(const std::string& word, TVdFormatMode mode);
+// FormatWord(word, mode) appended to out.
+void AppendFormatted(std::string& out, std::string_view word, TVdFormatMode mode);
 
 } // namespace vd

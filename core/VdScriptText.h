@@ -12,14 +12,14 @@
 
 namespace vd::script {
 
-// ProcessKeyword(word) of an item with this parser. Keywords printed as written (the
-// default) are copied without going through FormatWord.
+// ProcessKeyword(word) of an item with this parser, written straight into out.
 inline void AppendKeyword(std::string& out, const TVdSelectParser* parser, std::string_view word)
 {
-    if (!parser || parser->ScriptFormat().KeywordsFormat == qfmAsIs)
+    const TVdFormatMode mode = parser ? parser->ScriptFormat().KeywordsFormat : qfmAsIs;
+    if (mode == qfmAsIs)
         out += word;
     else
-        out += parser->ProcessKeyword(std::string(word));
+        AppendFormatted(out, word, mode);
 }
 
 // "GROUP BY\r\n  " (first, a blank, second, a line break and the indent) in the parser's
@@ -37,10 +37,11 @@ inline void AppendClauseHead(std::string& out, const TVdSelectParser* parser,
 inline void AppendFunctionName(std::string& out, const TVdSelectParser* parser,
                                const std::string& name)
 {
-    if (!parser || parser->ScriptFormat().FunctionsFormat == qfmAsIs)
+    const TVdFormatMode mode = parser ? parser->ScriptFormat().FunctionsFormat : qfmAsIs;
+    if (mode == qfmAsIs)
         out += name;
     else
-        out += parser->ProcessFunction(name);
+        AppendFormatted(out, name, mode);
 }
 
 // Whether name holds ".db" in any letter case; firstDot is where its first "." stands.
@@ -51,6 +52,59 @@ inline bool HasDbDot(const std::string& name, size_t firstDot)
         if (text::UpperChar(name[dot + 1]) == 'D' && text::UpperChar(name[dot + 2]) == 'B')
             return true;
     return false;
+}
+
+// Whether the base scanner's NeedQuotes holds for name; for an object of that very class.
+inline bool BaseNeedsQuotes(const TVdSQLScanner& scanner, std::string_view name)
+{
+    if (name.size() < 2)
+        return true;
+    // Equal ends are both quotes or neither.
+    return name.front() != name.back() || !scanner.TVdSQLScanner::IsIdentQuote(name.front());
+}
+
+// A part of a name as the base scanner prints it: quoted unless it stands in its quotes.
+inline void AppendBasePart(std::string& out, const TVdSQLScanner& scanner, std::string_view part)
+{
+    if (BaseNeedsQuotes(scanner, part))
+        text::AppendQuoted(out, part, scanner.TVdSQLScanner::GetIdentQuote());
+    else
+        out += part;
+}
+
+// The base scanner's ProcessName(name) with quoting on, appended to out; firstDot is where the
+// first "." of name stands. A name of one word, or a plain qualifier and one "." before the
+// last part (T.COL), is written here; any other shape is left to ProcessName.
+inline void AppendBaseName(std::string& out, const TVdSQLScanner& scanner, const std::string& name,
+                           size_t firstDot)
+{
+    const size_t split = firstDot == 0 ? TVdSQLScanner::PartEnd(name) : firstDot;
+    if (split == std::string::npos) {
+        AppendBasePart(out, scanner, name);
+        return;
+    }
+    if (name.front() == scanner.TVdSQLScanner::GetIdentQuote() ||
+        name.find('.', split + 1) != std::string::npos) {
+        out += scanner.ProcessName(name);
+        return;
+    }
+    const std::string_view whole(name);
+    AppendBasePart(out, scanner, whole.substr(0, split));
+    out += '.';
+    AppendBasePart(out, scanner, whole.substr(split + 1));
+}
+
+// scanner.ProcessName(name) appended to out. Another scanner class may print names its own
+// way, so it is asked.
+inline void AppendScannerName(std::string& out, const TVdSQLScanner& scanner,
+                              const std::string& name)
+{
+    if (typeid(scanner) != typeid(TVdSQLScanner))
+        out += scanner.ProcessName(name);
+    else if (!scanner.TVdSQLScanner::GetQuoteIdentifiers())
+        out += name;
+    else
+        AppendBaseName(out, scanner, name, name.find('.'));
 }
 
 // TVdSelectParser::ProcessItemName(name) appended to out.
@@ -70,18 +124,22 @@ inline void AppendItemName(std::string& out, const TVdSelectParser& parser, cons
         out += quote;
         return;
     }
-    // Most names have no "." after their first character: the base scanner's ProcessName
-    // then quotes the whole name or keeps it, which is written here in place. Another
-    // scanner class may print names its own way, so it is asked.
-    const bool oneWord = TVdSQLScanner::PartEnd(name) == std::string::npos;
-    if (oneWord && typeid(scanner) == typeid(TVdSQLScanner)) {
-        if (quoting && scanner.NeedQuotes(name))
-            text::AppendQuoted(out, name, scanner.GetIdentQuote());
-        else
-            out += name;
-        return;
-    }
-    out += scanner.ProcessName(name);
+    if (typeid(scanner) != typeid(TVdSQLScanner))
+        out += scanner.ProcessName(name);
+    else if (!quoting)
+        out += name;
+    else
+        AppendBaseName(out, scanner, name, firstDot);
+}
+
+// ProcessAlias(alias) of a table or field with this parser: processed as a name where the
+// scanner asks for it.
+inline void AppendAlias(std::string& out, const TVdSelectParser* parser, const std::string& alias)
+{
+    if (parser && parser->Scanner().GetProcessAliases())
+        AppendItemName(out, *parser, alias);
+    else
+        out += alias;
 }
 
 // ProcessName(name) of an item with this parser.
@@ -103,6 +161,11 @@ void AppendNodeScript(std::string& out, const TVdFunctionDef& node);
 void AppendNodeList(std::string& out, const TVdFunctionDefs& list);
 // field.GetScript().
 void AppendFieldScript(std::string& out, const TVdFieldDef& field);
+
+// criterion.GetScript().
+void AppendCriterionScript(std::string& out, const TVdCriterion& criterion);
+// list.GetScript() (a WHERE or HAVING clause for a top-level list of those classes).
+void AppendCriteriaScript(std::string& out, const TVdCriterions& list);
 
 // TVdTableDef::GetSourceText appended to out.
 void AppendSourceText(std::string& out, const TVdTableDef& table);

@@ -1,8 +1,11 @@
 #include "core/VdSelectParser.h"
 
+#include "core/VdScriptText.h"
+
 #include <algorithm>
 #include <charconv>
 #include <optional>
+#include <typeinfo>
 #include <unordered_set>
 
 namespace vd {
@@ -185,28 +188,43 @@ void TVdSelectParser::SetExpression(const std::string& text)
 
 std::string TVdSelectParser::GetExpression()
 {
-    std::string head = ProcessKeyword("SELECT") + " ";
-    if (GetDistinct())
-        head += ProcessKeyword("DISTINCT") + " ";
+    std::string head;
+    script::AppendKeyword(head, this, "SELECT");
+    head += ' ';
+    if (GetDistinct()) {
+        script::AppendKeyword(head, this, "DISTINCT");
+        head += ' ';
+    }
     return StatementScript(head, std::string());
 }
 
 std::string TVdSelectParser::StatementScript(const std::string& head, const std::string& tail)
 {
-    std::string selectList;
-    const std::string tables = TableDefs().GetScript(selectList);
-    if (tables.empty())
+    std::string result;
+    // The print of a statement read from text is rarely twice as long (quotes, line breaks,
+    // aliases): one buffer for the whole of it.
+    result.reserve(head.size() + tail.size() + 2 * Scanner().Expression().size() + 64);
+    result += head;
+    const size_t start = result.size();
+    size_t listSize = 0;
+    const TVdTableDefs& tables = TableDefs();
+    if (typeid(tables) == typeid(TVdTableDefs)) {
+        tables.AppendScript(result, listSize);
+    } else {
+        std::string selectList;
+        result += tables.GetScript(selectList);
+        listSize = selectList.size();
+    }
+    if (result.size() == start)
         return std::string();
-    std::string result = head;
-    result += tables;
     // A select list without FROM (SELECT A) is the whole statement: no clause can follow it,
     // and a GROUP BY rebuilt from its fields would not read back.
-    if (tables.size() == selectList.size())
+    if (result.size() - start == listSize)
         return result;
-    result += WhereItems().GetScript();
-    result += FGroupByItems.GetScript();
-    result += HavingItems().GetScript();
-    result += FOrderByItems.GetScript();
+    script::AppendCriteriaScript(result, WhereItems());
+    FGroupByItems.AppendScript(result);
+    script::AppendCriteriaScript(result, HavingItems());
+    FOrderByItems.AppendScript(result);
     // Every clause ends its last line, so the tail stands on a line of its own.
     result += tail;
     return result;

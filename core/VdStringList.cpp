@@ -54,20 +54,34 @@ std::string TVdStringList::ItemScript(const std::string& line) const
     return IsPosition(line) ? line : ProcessName(line);
 }
 
+void TVdStringList::AppendItemScript(std::string& out, const std::string& line) const
+{
+    if (!FParser || IsPosition(line))
+        out += line;
+    else
+        script::AppendScannerName(out, FParser->Scanner(), line);
+}
+
 std::string TVdStringList::ClauseScript(const char* first, const char* second,
                                         const std::vector<std::string>& lines) const
 {
     std::string result;
+    AppendClause(result, first, second, lines);
+    return result;
+}
+
+void TVdStringList::AppendClause(std::string& out, const char* first, const char* second,
+                                 const std::vector<std::string>& lines) const
+{
     if (lines.empty())
-        return result;
-    script::AppendClauseHead(result, FParser, first, second);
+        return;
+    script::AppendClauseHead(out, FParser, first, second);
     for (size_t i = 0; i < lines.size(); ++i) {
         if (i)
-            result += ",\r\n  ";
-        result += lines[i];
+            out += ",\r\n  ";
+        out += lines[i];
     }
-    result += "\r\n";
-    return result;
+    out += "\r\n";
 }
 
 int TVdOrderByItems::Add(const std::string& line) { return AddOrdered(line, okAsc); }
@@ -127,18 +141,26 @@ void TVdOrderByItems::SetOrders(int index, TVdOrderKind kind)
 std::string TVdOrderByItems::GetScript() const
 {
     std::string result;
+    AppendScript(result);
+    return result;
+}
+
+void TVdOrderByItems::AppendScript(std::string& out) const
+{
     if (FLines.empty())
-        return result;
-    script::AppendClauseHead(result, Parser(), "ORDER", "BY");
+        return;
+    script::AppendClauseHead(out, Parser(), "ORDER", "BY");
     for (size_t i = 0; i < FLines.size(); ++i) {
         if (i)
-            result += ",\r\n  ";
-        result += FExpressions[i] ? FLines[i] : ItemScript(FLines[i]);
+            out += ",\r\n  ";
+        if (FExpressions[i])
+            out += FLines[i];
+        else
+            AppendItemScript(out, FLines[i]);
         if (FOrders[i] == okDesc)
-            result += " DESC";
+            out += " DESC";
     }
-    result += "\r\n";
-    return result;
+    out += "\r\n";
 }
 
 } // namespace vd

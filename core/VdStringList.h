@@ -40,6 +40,11 @@ protected:
     // "GROUP BY\r\n  a,\r\n  b\r\n" from the given lines; empty for none.
     std::string ClauseScript(const char* first, const char* second,
                              const std::vector<std::string>& lines) const;
+    // ClauseScript appended to out.
+    void AppendClause(std::string& out, const char* first, const char* second,
+                      const std::vector<std::string>& lines) const;
+    // ItemScript(line) appended to out.
+    void AppendItemScript(std::string& out, const std::string& line) const;
 
     std::vector<std::string> FLines;
 
@@ -64,6 +69,8 @@ public:
     // A write out of range is ignored.
     void SetOrders(int index, TVdOrderKind kind);
     std::string GetScript() const;
+    // GetScript() appended to out.
+    void AppendScript(std::string& out) const;
 
 private:
     std::vector<TVdOrderKind> FOrders;

@@ -164,7 +164,7 @@ void script::AppendSourceText(std::string& out, const TVdTableDef& table)
     }
     if (!table.Alias().empty() && table.Alias() != table.Name()) {
         out += ' ';
-        out += table.ProcessAlias(table.Alias());
+        script::AppendAlias(out, table.Parser(), table.Alias());
     }
 }
 
@@ -423,23 +423,23 @@ std::string TVdTableDefs::GetTableScript(const TVdTableDef& table) const
     return out;
 }
 
-std::string TVdTableDefs::GetScript(std::string& selectList) const
+void TVdTableDefs::AppendScript(std::string& out, size_t& listSize) const
 {
-    selectList.clear();
+    const size_t listStart = out.size();
     for (const TVdFieldDef* field : FieldsInOrder()) {
         if (!field || field->IsInputParam())
             continue;
         // A field that prints nothing takes no line.
-        const size_t mark = selectList.size();
-        selectList += mark == 0 ? "\r\n  " : ",\r\n  ";
-        const size_t start = selectList.size();
-        script::AppendFieldScript(selectList, *field);
-        if (selectList.size() == start)
-            selectList.resize(mark);
+        const size_t mark = out.size();
+        out += mark == listStart ? "\r\n  " : ",\r\n  ";
+        const size_t start = out.size();
+        script::AppendFieldScript(out, *field);
+        if (out.size() == start)
+            out.resize(mark);
     }
-    if (selectList.empty() && Count() > 0)
-        selectList = "*";
-    std::string out = selectList;
+    if (out.size() == listStart && Count() > 0)
+        out += '*';
+    listSize = out.size() - listStart;
     out += "\r\n";
     script::AppendKeyword(out, Parser(), "FROM");
     out += "\r\n";
@@ -469,9 +469,19 @@ std::string TVdTableDefs::GetScript(std::string& selectList) const
                     appendEntry(table, &walk);
             }
     }
-    if (out.size() == head)
-        return selectList;
+    if (out.size() == head) {
+        out.resize(listStart + listSize);
+        return;
+    }
     out += "\r\n";
+}
+
+std::string TVdTableDefs::GetScript(std::string& selectList) const
+{
+    std::string out;
+    size_t listSize = 0;
+    AppendScript(out, listSize);
+    selectList.assign(out, 0, listSize);
     return out;
 }
 

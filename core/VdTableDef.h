@@ -92,6 +92,9 @@ public:
     // The select list (out) and the whole text: select list, FROM and the tables.
     virtual std::string GetScript(std::string& selectList) const;
     std::string GetScript() const;
+    // What GetScript(selectList) of this class returns, appended to out; listSize is the
+    // length of the select list in it. Nothing is appended where GetScript gives "".
+    void AppendScript(std::string& out, size_t& listSize) const;
     // name, or name1, name2, ... when forced or while another field has that alias.
     std::string GetUniqueAlias(const std::string& name, bool force);
     bool IsTableJoined(const TVdTableDef& table) const;

@@ -74,12 +74,11 @@ std::string QuotedStr(std::string_view s, char quote)
     return r;
 }
 
-void AppendQuoted(std::string& out, std::string_view s, char quote)
+void AppendQuotedFrom(std::string& out, std::string_view s, char quote, size_t at)
 {
-    out.reserve(out.size() + s.size() + 2);
     out += quote;
-    // Names rarely hold the quote: copy the runs between quotes whole.
-    for (size_t at = s.find(quote); at != std::string_view::npos; at = s.find(quote)) {
+    // Copy the runs between quotes whole.
+    for (; at != std::string_view::npos; at = s.find(quote)) {
         out.append(s.data(), at + 1);
         out += quote;
         s.remove_prefix(at + 1);

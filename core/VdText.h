@@ -29,8 +29,22 @@ bool HasText(std::string_view s);
 std::vector<std::string> SplitComma(std::string_view commaText);
 // Encloses s in quote, doubling every quote inside.
 std::string QuotedStr(std::string_view s, char quote);
+// QuotedStr(s, quote) appended to out, without a temporary; from where the first quote inside
+// stands (at).
+void AppendQuotedFrom(std::string& out, std::string_view s, char quote, size_t at);
 // QuotedStr(s, quote) appended to out, without a temporary.
-void AppendQuoted(std::string& out, std::string_view s, char quote);
+inline void AppendQuoted(std::string& out, std::string_view s, char quote)
+{
+    // Names rarely hold the quote: then they are copied whole.
+    const size_t at = s.find(quote);
+    if (at != std::string_view::npos) {
+        AppendQuotedFrom(out, s, quote, at);
+        return;
+    }
+    out += quote;
+    out += s;
+    out += quote;
+}
 // Replaces every doubled quote by a single one.
 std::string UndoubleQuotes(std::string_view s, char quote);
 

@@ -94,6 +94,36 @@ TEST(KeepsMeaningGrouping, ItemsBeyondTheDerivedListFollowInTheOrderRead)
               "GROUP BY\r\n  \"T\".\"A\",\r\n  \"C\",\r\n  \"B\"\r\n");
 }
 
+TEST(KeepsMeaningGrouping, ManyColumnsAreGroupedUnderEverySpellingAsAFewAre)
+{
+    // Beyond sixteen columns the spellings are looked up hashed rather than compared in turn;
+    // both ways must find a column by its name, qualified or not, in any letter case and
+    // quotes aside, by its alias and by its position.
+    for (const int count : {6, 40}) {
+        std::string text = "SELECT ";
+        std::string groupBy;
+        std::string printed = "SELECT \r\n";
+        std::string derived;
+        for (int i = 1; i <= count; ++i) {
+            const std::string column = "C" + std::to_string(i);
+            const std::string lower = "c" + std::to_string(i);
+            const bool last = i == count;
+            text += "T." + column + (last ? " AS X, " : ", ");
+            printed += "  \"T\".\"" + column + "\"" + (last ? " AS X" : "") + ",\r\n";
+            derived += "  \"T\".\"" + column + "\",\r\n";
+            if (i == count || i == count - 1)
+                continue;
+            const std::string spellings[] = {lower, "T." + column, "\"T\".\"" + column + "\"",
+                                             "t.\"" + lower + "\""};
+            groupBy += spellings[i % 4] + ", ";
+        }
+        text += "COUNT(*) FROM T GROUP BY " + groupBy + "x, " + std::to_string(count - 1) + ", ZZ";
+        printed += "  COUNT(*) AS FIELD_1\r\nFROM\r\n  \"T\"\r\nGROUP BY\r\n" + derived +
+                   "  \"x\",\r\n  " + std::to_string(count - 1) + ",\r\n  \"ZZ\"\r\n";
+        EXPECT_EQ(Print(text), printed) << count << " columns";
+    }
+}
+
 TEST(KeepsMeaningGrouping, ColumnBesideAggregatesThatGroupByLeavesOutIsRefused)
 {
     // Printed, the derived list would group by B too and return other rows.

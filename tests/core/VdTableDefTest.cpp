@@ -170,6 +170,34 @@ TEST(VdTableDef, ScriptAppendsJoinsAndTheJoinedTablesJoins)
               "  LEFT OUTER JOIN \"ADDRESSES\" A ON (\"C\".\"ADDR_ID\" = \"A\".\"ID\")");
 }
 
+TEST(VdTableDef, TableOfAnotherCollectionPrintsWithItsOwnJoins)
+{
+    TVdSelectParser p;
+    TVdTableDef* o = AddTable(p, "ORDERS", "O");
+    AddTable(p, "CUSTOMERS", "C");
+    AddTable(p, "ADDRESSES", "A");
+    AddJoin(*o, "CUST_ID", "C", "ID");
+    AddJoin(*p.TableDefs().Items(1), "ADDR_ID", "A", "ID", vdjLOuterJoin);
+    // Another statement whose tables have joins of their own, under the same aliases.
+    TVdSelectParser other;
+    TVdTableDef* k = AddTable(other, "CUSTOMERS", "C");
+    AddTable(other, "ORDERS", "O");
+    AddJoin(*k, "ID", "O", "CUST_ID", vdjROuterJoin);
+    EXPECT_MODEL_OK(p);
+    EXPECT_MODEL_OK(other);
+    // The joins followed are the table's own and those of the tables they reach in its own
+    // statement, not those of the collection asked.
+    const std::string expected =
+        "  \"ORDERS\" O \r\n"
+        "  INNER JOIN \"CUSTOMERS\" C ON (\"O\".\"CUST_ID\" = \"C\".\"ID\") \r\n"
+        "  LEFT OUTER JOIN \"ADDRESSES\" A ON (\"C\".\"ADDR_ID\" = \"A\".\"ID\")";
+    EXPECT_EQ(o->GetScript(), expected);
+    EXPECT_EQ(other.TableDefs().GetTableScript(*o), expected);
+    EXPECT_EQ(other.TableDefs().GetTableScript(*k),
+              "  \"CUSTOMERS\" C \r\n"
+              "  RIGHT OUTER JOIN \"ORDERS\" O ON (\"C\".\"ID\" = \"O\".\"CUST_ID\")");
+}
+
 TEST(VdTableDef, JoinsOfOneTablePrintAsARunAfterABlank)
 {
     TVdSelectParser p;
