@@ -586,15 +586,11 @@ void TVdSQLScanner::MergeWordLists()
     FMergedStamps[0] = FFunctions.Stamp();
     FMergedStamps[1] = FKeywords.Stamp();
     FMergedStamps[2] = FOperations.Stamp();
-}
-
-std::uint8_t TVdSQLScanner::OwnWordFlags(const std::string& word)
-{
-    if (FMergedStamps[0] != FFunctions.Stamp() || FMergedStamps[1] != FKeywords.Stamp() ||
-        FMergedStamps[2] != FOperations.Stamp())
-        MergeWordLists();
-    const int i = FMergedWords.IndexOf(word);
-    return i < 0 ? 0 : FMergedFlags[size_t(i)];
+    for (int i = 0; i < 256; ++i) {
+        const char c = char(i);
+        const int at = FMergedWords.IndexOf(std::string_view(&c, 1));
+        FSingleFlags[i] = at < 0 ? 0 : FMergedFlags[size_t(at)];
+    }
 }
 
 // ClassifyWord with this class's own tests, called without virtual dispatch.
@@ -640,7 +636,8 @@ const std::string& TVdSQLScanner::GetNextToken()
         else if (result.empty() && !(wasPending && quoted))
             kind = tkEnd;
         // Blanks, line ends and quotes are never operations (list items are trimmed words).
-        if (kind != tkSpace && kind != tkEol && kind != tkQuote && IsOperation(result))
+        if (kind != tkSpace && kind != tkEol && kind != tkQuote &&
+            (FOwnWordTests ? FOperations.Contains(result) : IsOperation(result)))
             kind = tkOperation;
         FTokenKind = kind;
         if (kind != tkEol)
@@ -689,9 +686,19 @@ bool TVdSQLScanner::ScanPlainToken()
     const char* text = FExpression.data();
     const char c = text[FPosition - 1];
     int end = FPosition + 1;
+    // Whether the word is an identifier by this class's own test: a letter that is no digit
+    // (so no integer either), then legal characters only.
+    bool plainIdent = false;
     if (Has(c, ccWordStart)) {
-        while (end <= FLength && !Has(text[end - 1], ccWordStop))
+        std::uint16_t seen = ccLegal;
+        while (end <= FLength) {
+            const std::uint16_t cls = FClasses[static_cast<unsigned char>(text[end - 1])];
+            if (cls & ccWordStop)
+                break;
+            seen &= cls;
             ++end;
+        }
+        plainIdent = (seen & ccLegal) && !Has(c, ccDigit);
     } else if (!Has(c, ccDelim) || Has(c, ccQuote | ccIdentQuote | ccSpace | ccComparison) ||
                c == '\r' || c == '.') {
         return false;
@@ -702,7 +709,12 @@ bool TVdSQLScanner::ScanPlainToken()
     TTokenKind kind;
     if (FOwnWordTests) {
         const std::uint8_t flags = OwnWordFlags(FToken);
-        kind = word ? ClassifyOwnWord(FToken, flags) : tkDelim;
+        if (!word)
+            kind = tkDelim;
+        else if (plainIdent && !(flags & (wfFunction | wfKeyword)))
+            kind = tkIdent;
+        else
+            kind = ClassifyOwnWord(FToken, flags);
         if (flags & wfOperation)
             kind = tkOperation;
     } else {

@@ -221,7 +221,16 @@ private:
     // three lists merged; used only while the scanner is of this class exactly, where none
     // of them is overridden.
     enum : std::uint8_t { wfFunction = 1, wfKeyword = 2, wfOperation = 4 };
-    std::uint8_t OwnWordFlags(const std::string& word);
+    std::uint8_t OwnWordFlags(std::string_view word)
+    {
+        if (FMergedStamps[0] != FFunctions.Stamp() || FMergedStamps[1] != FKeywords.Stamp() ||
+            FMergedStamps[2] != FOperations.Stamp())
+            MergeWordLists();
+        if (word.size() == 1)
+            return FSingleFlags[static_cast<unsigned char>(word[0])];
+        const int i = FMergedWords.IndexOf(word);
+        return i < 0 ? 0 : FMergedFlags[size_t(i)];
+    }
     void MergeWordLists();
     TTokenKind ClassifyOwnWord(const std::string& word, std::uint8_t flags) const;
     bool Closes(char c, const std::string& result) const;
@@ -252,6 +261,9 @@ private:
     TVdWordList FMergedWords;
     std::vector<std::uint8_t> FMergedFlags;
     std::uint64_t FMergedStamps[3] = {~0ull, ~0ull, ~0ull};
+    // The flags of every one-character word, looked up once per merge: most of the tokens
+    // that are no word at all (",", "(", ")") are one character long.
+    std::uint8_t FSingleFlags[256] = {};
 };
 
 } // namespace vd

@@ -189,3 +189,40 @@ TEST(VdScannerHooks, PlainAndDerivedScannersReadTheSameTokens)
         derived.SetOperations(operations);
     }
 }
+
+// One-character tokens are answered from a table built from the lists: it follows every
+// change of them, ignores case as the lists do, and agrees with the virtual tests.
+TEST(VdScannerHooks, OneCharacterWordsFollowListChanges)
+{
+    const std::string text = "q x % , y";
+    TVdSQLScanner plain;
+    DerivedScanner derived;
+    EXPECT_EQ(Scan(plain, text), (TKinds{{vd::tkIdent, "q"},
+                                         {vd::tkIdent, "x"},
+                                         {vd::tkUnknown, "%"},
+                                         {vd::tkDelim, ","},
+                                         {vd::tkIdent, "y"}}));
+    vd::TVdWordList keywords = plain.Keywords();
+    keywords.Add("Q");
+    vd::TVdWordList functions = plain.Functions();
+    functions.Add("x");
+    vd::TVdWordList operations = plain.Operations();
+    operations.Add("%");
+    operations.Add(",");
+    TVdSQLScanner* const both[] = {&plain, &derived};
+    for (TVdSQLScanner* s : both) {
+        s->SetKeywords(keywords);
+        s->SetFunctions(functions);
+        s->SetOperations(operations);
+    }
+    const TKinds expected{{vd::tkKeyword, "q"},
+                          {vd::tkFunction, "x"},
+                          {vd::tkOperation, "%"},
+                          {vd::tkOperation, ","},
+                          {vd::tkIdent, "y"}};
+    EXPECT_EQ(Scan(plain, text), expected);
+    EXPECT_EQ(Scan(derived, text), expected);
+    // Taken out again, "q" is a name once more.
+    plain.SetKeywords(vd::TVdWordList());
+    EXPECT_EQ(Scan(plain, "q").front(), (std::pair<vd::TTokenKind, std::string>{vd::tkIdent, "q"}));
+}
