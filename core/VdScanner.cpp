@@ -451,6 +451,7 @@ void TVdSQLScanner::EnsureCharClasses()
         if ((cls & quotes) || (!(cls & ccLegal) && (cls & (ccDelim | ccSpace))))
             cls |= ccWordStop;
     }
+    FCrIsDelim = Has('\r', ccDelim) && !Has('\r', ccQuote | ccIdentQuote | ccComparison);
     FClassesValid = true;
 }
 
@@ -622,11 +623,15 @@ const std::string& TVdSQLScanner::GetNextToken()
     for (;;) {
         if (FTokenKind != tkSpace && FTokenKind != tkEol)
             FSpaceCount = 0;
-        SkipBlankRun();
+        // Outside strings: blanks and the common tokens are read in runs.
+        if (!FInString && !FEmptyStringPending) {
+            SkipBlankRun();
+            FTokenKind = tkUnknown;
+            if (ScanPlainToken())
+                return FToken;
+        }
         FTokenKind = tkUnknown;
         result.clear();
-        if (ScanPlainToken())
-            return FToken;
         const bool wasPending = FEmptyStringPending;
         TTokenKind kind = ScanOne(result);
         const int textAt = FTokenStart - 1;
@@ -681,7 +686,7 @@ const std::string& TVdSQLScanner::GetNextToken()
 // and no quote is a token of its own.
 bool TVdSQLScanner::ScanPlainToken()
 {
-    if (FInString || FEmptyStringPending || FPosition > FLength)
+    if (FPosition > FLength)
         return false;
     const char* text = FExpression.data();
     const char c = text[FPosition - 1];
@@ -741,11 +746,9 @@ bool TVdSQLScanner::ScanPlainToken()
 // own that only counts in SpaceCount, LinePos and LineNo, exactly as counted here.
 void TVdSQLScanner::SkipBlankRun()
 {
-    if (FInString || FEmptyStringPending)
-        return;
     const char* text = FExpression.data();
     const std::uint16_t other = ccDelim | ccQuote | ccIdentQuote | ccComparison;
-    const bool crIsDelim = Has('\r', ccDelim) && !Has('\r', ccQuote | ccIdentQuote | ccComparison);
+    const bool crIsDelim = FCrIsDelim;
     for (;;) {
         if (FPosition > FLength)
             return;

@@ -208,6 +208,7 @@ private:
         ccWordStop = 2048
     };
     void EnsureCharClasses();
+    // Both only outside strings (no string open, no empty string pending).
     void SkipBlankRun();
     bool ScanPlainToken();
     bool Has(char c, std::uint16_t cls) const
@@ -257,6 +258,8 @@ private:
     std::uint16_t FClasses[256] = {};
     std::string FBuffer;
     bool FClassesValid = false;
+    // Whether a CR LF pair between tokens is a line end that SkipBlankRun may take.
+    bool FCrIsDelim = false;
     bool FOwnWordTests = false;
     TVdWordList FMergedWords;
     std::vector<std::uint8_t> FMergedFlags;

@@ -811,7 +811,15 @@ void TVdSelectParser::RaiseIfUnterminated()
 
 bool TVdSelectParser::IsWord(const char* word) const
 {
-    return !Scanner().TokenQuoted() && text::SameText(Token(), word);
+    if (Scanner().TokenQuoted())
+        return false;
+    // Compared as it is walked, without measuring the word first: most tokens differ at once.
+    const std::string& token = Token();
+    size_t i = 0;
+    for (; i < token.size(); ++i)
+        if (word[i] == '\0' || text::UpperChar(token[i]) != text::UpperChar(word[i]))
+            return false;
+    return word[i] == '\0';
 }
 
 bool TVdSelectParser::IsKeywordToken(const char* word) const
