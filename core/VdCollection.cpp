@@ -100,6 +100,20 @@ void TVdCollection::TransferItems(std::vector<int> indexes, TVdCollection& to)
     to.Renumber(appended);
 }
 
+void TVdCollection::TransferAll(TVdCollection& to)
+{
+    if (&to == this || FItems.empty())
+        return;
+    const size_t appended = to.FItems.size();
+    to.FItems.reserve(appended + FItems.size());
+    for (auto& item : FItems) {
+        item->FCollection = &to;
+        to.FItems.push_back(std::move(item));
+    }
+    FItems.clear();
+    to.Renumber(appended);
+}
+
 void TVdCollection::DeleteItems(std::vector<int> indexes)
 {
     std::sort(indexes.begin(), indexes.end());

@@ -78,6 +78,9 @@ public:
     // fields of two of its tables do. Throws EVdListError for a position out of range,
     // before anything moves.
     void TransferItems(std::vector<int> indexes, TVdCollection& to);
+    // Moves every item to the end of another collection, in order, on the same terms as
+    // TransferItems.
+    void TransferAll(TVdCollection& to);
     // Deletes the items at the given positions (in any order) in one pass over the list;
     // each is told (Removing) before any leaves. Throws EVdListError for a position out of
     // range, before anything is deleted.

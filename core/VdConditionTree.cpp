@@ -19,6 +19,19 @@ TNode& Unwrapped(TNode& node)
 
 const TNode* FillList(TNode& node, TVdCriterions& list, int level);
 
+// What Assign copies into a new list item, with the right side's operands moved rather than
+// copied: the condition tree is dropped once the clause is filled.
+void TakeComparison(TVdCriterion& to, TVdCriterion& from)
+{
+    if (to.RightSide().Count() != 0 || to.RightSide().Parser() != from.RightSide().Parser()) {
+        to.Assign(from);
+        return;
+    }
+    to.SetOperator(from.Operator());
+    to.SetLeftSide(from.LeftSide());
+    from.RightSide().TransferAll(to.RightSide());
+}
+
 // One item of a list: a comparison, or a group holding the condition's own list.
 const TNode* AddItem(TNode& node, TVdCriterions& list, int level)
 {
@@ -27,7 +40,7 @@ const TNode* AddItem(TNode& node, TVdCriterions& list, int level)
         return &node;
     TVdCriterion* item = list.Add();
     if (inner.Kind == cnComparison) {
-        item->Assign(*inner.Criterion);
+        TakeComparison(*item, *inner.Criterion);
         return nullptr;
     }
     return FillList(inner, item->SubItems(), level + 1);

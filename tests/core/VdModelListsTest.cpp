@@ -624,3 +624,25 @@ TEST(VdCollectionTransfer, PositionOutOfRangeMovesNothing)
     EXPECT_EQ(CriterionNames(from), "A0 A1 A2 ");
     EXPECT_EQ(to.Count(), 0);
 }
+
+// All items move at once to the end of the other list, in their order, renumbered and knowing
+// their new list; the source is left empty. A list moved onto itself stays as it is.
+TEST(VdCollectionTransfer, AllItemsGoToTheEndOfTheOtherList)
+{
+    TVdSelectParser parser;
+    TVdCriterions& from = parser.WhereItems();
+    TVdCriterions& to = parser.HavingItems();
+    AddCriterions(from, "A", 3);
+    AddCriterions(to, "B", 1);
+    TVdCriterion* last = from.Items(2);
+    from.TransferAll(to);
+    EXPECT_EQ(from.Count(), 0);
+    EXPECT_EQ(CriterionNames(to), "B0 A0 A1 A2 ");
+    EXPECT_EQ(to.Items(3), last);
+    EXPECT_EQ(last->Index(), 3);
+    EXPECT_EQ(last->Collection(), &to);
+    to.TransferAll(to);
+    EXPECT_EQ(CriterionNames(to), "B0 A0 A1 A2 ");
+    from.TransferAll(to);
+    EXPECT_EQ(to.Count(), 4);
+}
