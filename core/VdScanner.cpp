@@ -192,13 +192,15 @@ bool TVdSQLScanner::GetQuoteIdentifiers() const { return FQuoteIdentifiers; }
 
 char TVdSQLScanner::GetStringQuote() const { return '\''; }
 
+// NeedQuotes and ProcessIdent read IsIdentQuote's answers from the class table.
 bool TVdSQLScanner::NeedQuotes(const std::string& name) const
 {
     if (name.size() < 2)
         return true;
+    const_cast<TVdSQLScanner*>(this)->EnsureCharClasses();
     const char first = name.front();
     const char last = name.back();
-    return !IsIdentQuote(first) || !IsIdentQuote(last) || first != last;
+    return first != last || !Has(first, ccIdentQuote);
 }
 
 std::string TVdSQLScanner::GetCommaKeywords() const
@@ -213,8 +215,11 @@ std::string TVdSQLScanner::GetCommaOperations() const { return "+,-,*,/"; }
 
 std::string TVdSQLScanner::ProcessIdent(const std::string& name) const
 {
-    if (name.size() > 1 && IsIdentQuote(name.front()) && IsIdentQuote(name.back()))
-        return name.substr(1, name.size() - 2);
+    if (name.size() > 1) {
+        const_cast<TVdSQLScanner*>(this)->EnsureCharClasses();
+        if (Has(name.front(), ccIdentQuote) && Has(name.back(), ccIdentQuote))
+            return name.substr(1, name.size() - 2);
+    }
     return name;
 }
 

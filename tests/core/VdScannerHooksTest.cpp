@@ -226,3 +226,44 @@ TEST(VdScannerHooks, OneCharacterWordsFollowListChanges)
     plain.SetKeywords(vd::TVdWordList());
     EXPECT_EQ(Scan(plain, "q").front(), (std::pair<vd::TTokenKind, std::string>{vd::tkIdent, "q"}));
 }
+
+namespace {
+
+// Back quotes enclose names once switched on; the classes are read again then.
+class BackQuoteScanner : public TVdSQLScanner
+{
+public:
+    bool IsIdentQuote(char c) const override
+    {
+        return (FBackQuote && c == '`') || TVdSQLScanner::IsIdentQuote(c);
+    }
+    void SetBackQuote(bool on)
+    {
+        FBackQuote = on;
+        InvalidateCharClasses();
+    }
+
+private:
+    bool FBackQuote = false;
+};
+
+} // namespace
+
+// Whether a name needs quotes and what a quoted name holds follow the subclass's identifier
+// quotes, also after they change.
+TEST(VdScannerHooks, NameQuotingFollowsTheIdentifierQuotes)
+{
+    BackQuoteScanner s;
+    EXPECT_TRUE(s.NeedQuotes("`a`"));
+    EXPECT_EQ(s.ProcessIdent("`a`"), "`a`");
+    EXPECT_FALSE(s.NeedQuotes("\"a\""));
+    EXPECT_EQ(s.ProcessIdent("\"a\""), "a");
+    EXPECT_TRUE(s.NeedQuotes("\"a'"));
+    s.SetBackQuote(true);
+    EXPECT_FALSE(s.NeedQuotes("`a`"));
+    EXPECT_EQ(s.ProcessIdent("`a`"), "a");
+    EXPECT_TRUE(s.NeedQuotes("`a\""));
+    s.SetBackQuote(false);
+    EXPECT_TRUE(s.NeedQuotes("`a`"));
+    EXPECT_EQ(s.ProcessIdent("`a`"), "`a`");
+}
