@@ -38,11 +38,15 @@ const TNode* AddItem(TNode& node, TVdCriterions& list, int level)
     TNode& inner = Unwrapped(node);
     if (inner.Kind != cnComparison && level >= TVdConditionNode::MaxGroupNesting)
         return &node;
-    TVdCriterion* item = list.Add();
     if (inner.Kind == cnComparison) {
-        TakeComparison(*item, *inner.Criterion);
+        std::unique_ptr<TVdCollectionItem> criterion(inner.Criterion.release());
+        const bool taken = list.AdoptItem(criterion) != nullptr;
+        inner.Criterion.reset(static_cast<TVdCriterion*>(criterion.release()));
+        if (!taken)
+            TakeComparison(*list.Add(), *inner.Criterion);
         return nullptr;
     }
+    TVdCriterion* item = list.Add();
     return FillList(inner, item->SubItems(), level + 1);
 }
 
@@ -79,6 +83,23 @@ std::unique_ptr<TVdConditionNode> TVdConditionNode::Comparison(TVdSelectParser& 
     node->Kind = cnComparison;
     node->Start = start;
     node->Criterion = std::make_unique<TVdCriterion>();
+    node->Criterion->SetParser(&parser);
+    return node;
+}
+
+std::unique_ptr<TVdConditionNode> TVdConditionNode::Comparison(TVdSelectParser& parser,
+                                                               TVdCriterions& list,
+                                                               const TVdSQLScanner::TState& start)
+{
+    std::unique_ptr<TVdCollectionItem> made = list.NewItem();
+    auto* criterion = dynamic_cast<TVdCriterion*>(made.get());
+    if (!criterion)
+        return Comparison(parser, start);
+    made.release();
+    auto node = std::make_unique<TVdConditionNode>();
+    node->Kind = cnComparison;
+    node->Start = start;
+    node->Criterion.reset(criterion);
     node->Criterion->SetParser(&parser);
     return node;
 }

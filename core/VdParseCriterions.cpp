@@ -174,7 +174,7 @@ TVdCriteriaReader::TNode TVdCriteriaReader::ReadComparison()
 {
     if (!P.IsOperandKind() && !P.IsDelimToken('(') && !AtSign())
         return Failed();
-    auto node = TVdConditionNode::Comparison(P, S.SaveState());
+    auto node = TVdConditionNode::Comparison(P, List, S.SaveState());
     TVdTableDef* unused = nullptr;
     P.DoParseExpression(node->Criterion->LeftSide(), unused, TTokenKinds{tkKeyword, tkComparison},
                         std::string(), TVdExprContext::Condition);
