@@ -709,8 +709,18 @@ bool TVdSQLScanner::ScanPlainToken()
             ++end;
         }
         plainIdent = (seen & ccLegal) && !Has(c, ccDigit);
+    } else if (Has(c, ccDigit) && !Has(c, ccAlpha | ccQuote | ccIdentQuote | ccDelim | ccSpace)) {
+        // A number (or a word that starts with a digit) runs up to a quote, a blank or any
+        // delimiter; a "." after it may make a float, which ScanOne decides.
+        const std::uint16_t stops = ccQuote | ccIdentQuote | ccDelim | ccSpace;
+        while (end <= FLength && !Has(text[end - 1], stops))
+            ++end;
+        if (end <= FLength && text[end - 1] == '.')
+            return false;
     } else if (!Has(c, ccDelim) || Has(c, ccQuote | ccIdentQuote | ccSpace | ccComparison) ||
-               c == '\r' || c == '.') {
+               c == '\r' || (c == '.' && !FOwnWordTests)) {
+        // A "." opening a token is a delimiter of its own, unless a subclass's IsInteger
+        // takes the empty text for a number (ScanOne asks it).
         return false;
     }
     FTokenAt = FPosition - 1;

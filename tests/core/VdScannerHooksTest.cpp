@@ -267,3 +267,25 @@ TEST(VdScannerHooks, NameQuotingFollowsTheIdentifierQuotes)
     EXPECT_TRUE(s.NeedQuotes("`a`"));
     EXPECT_EQ(s.ProcessIdent("`a`"), "`a`");
 }
+
+// Numbers and dots are read in runs where no float can begin; a "." after digits still goes
+// through the float rule. A derived scanner reads a leading "." character by character.
+TEST(VdScannerHooks, NumbersAndDotsKeepTheirTokens)
+{
+    const std::string text = "SELECT 12ab, 1-2, 1.5 , x.y, .5, 1'x', 7";
+    const TKinds expected{{vd::tkKeyword, "SELECT"}, {vd::tkUnknown, "12ab"}, {vd::tkDelim, ","},
+                          {vd::tkInteger, "1"},      {vd::tkOperation, "-"},  {vd::tkInteger, "2"},
+                          {vd::tkDelim, ","},        {vd::tkFloat, "1"},      {vd::tkInteger, "5"},
+                          {vd::tkDelim, ","},        {vd::tkIdent, "x"},      {vd::tkDelim, "."},
+                          {vd::tkIdent, "y"},        {vd::tkDelim, ","},      {vd::tkDelim, "."},
+                          {vd::tkInteger, "5"},      {vd::tkDelim, ","},      {vd::tkInteger, "1"},
+                          {vd::tkIdentString, "x"},  {vd::tkDelim, ","},      {vd::tkInteger, "7"}};
+    TVdSQLScanner plain;
+    DerivedScanner derived;
+    EXPECT_EQ(Scan(plain, text), expected);
+    EXPECT_EQ(Scan(derived, text), expected);
+    // At the very end "1.5" is no float.
+    const TKinds last{{vd::tkInteger, "1"}, {vd::tkDelim, "."}, {vd::tkInteger, "5"}};
+    EXPECT_EQ(Scan(plain, "1.5"), last);
+    EXPECT_EQ(Scan(derived, "1.5"), last);
+}
