@@ -260,10 +260,10 @@ std::string TVdSQLScanner::ProcessName(const std::string& name) const
 {
     if (!GetQuoteIdentifiers())
         return name;
-    const char quote = GetIdentQuote();
     // Without a "." after the first character the whole name is the last part (no prefix).
     if (PartEnd(name) == std::string::npos)
         return NeedQuotes(name) ? QuotedName(name) : name;
+    const char quote = GetIdentQuote();
     std::string prefix;
     bool hasPrefix = false;
     bool anyQuoted = false;
@@ -358,14 +358,6 @@ std::string TVdSQLScanner::GetTokenPlus()
     std::string next = GetNextToken();
     RestoreState(state);
     return next;
-}
-
-TVdSQLScanner::TState TVdSQLScanner::SaveState() const
-{
-    return TState{FPosition,           FLevel,       FLineNo,    FLinePos,           FSpaceCount,
-                  FTokenStart,         FTokenEnd,    FTokenAt,   int(FToken.size()), FInString,
-                  FEmptyStringPending, FTokenQuoted, FQuoteChar, FTokenQuote,        FOpenQuote,
-                  FQuoteStart,         FTokenKind};
 }
 
 void TVdSQLScanner::RestoreState(const TState& s)

@@ -178,7 +178,15 @@ public:
         int QuoteStart;
         TTokenKind TokenKind;
     };
-    TState SaveState() const;
+    // Inline: parsers save a state before most looks ahead.
+    TState SaveState() const
+    {
+        return TState{
+            FPosition,           FLevel,       FLineNo,    FLinePos,           FSpaceCount,
+            FTokenStart,         FTokenEnd,    FTokenAt,   int(FToken.size()), FInString,
+            FEmptyStringPending, FTokenQuoted, FQuoteChar, FTokenQuote,        FOpenQuote,
+            FQuoteStart,         FTokenKind};
+    }
     void RestoreState(const TState& state);
     // Whether the next token is the single delimiter c; the same answer as looking ahead with
     // GetTokenPlus, without scanning a whole token where blanks and line ends are all that
