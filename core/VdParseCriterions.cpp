@@ -69,6 +69,8 @@ TVdCriteriaReader::TNode TVdCriteriaReader::ReadOr()
     if (!first || !IsConnector("OR"))
         return first;
     auto chain = TVdConditionNode::Chain(cnOr, start);
+    // A chain has two links at least: room for a few at once spares the vector growing.
+    chain->Items.reserve(4);
     chain->Items.push_back(std::move(first));
     while (IsConnector("OR")) {
         P.Next();
@@ -87,6 +89,8 @@ TVdCriteriaReader::TNode TVdCriteriaReader::ReadAnd()
     if (!first || !IsConnector("AND"))
         return first;
     auto chain = TVdConditionNode::Chain(cnAnd, start);
+    // A chain has two links at least: room for a few at once spares the vector growing.
+    chain->Items.reserve(4);
     chain->Items.push_back(std::move(first));
     while (IsConnector("AND")) {
         P.Next();
