@@ -43,6 +43,7 @@ TVdCollectionItem* TVdCollection::InsertItem(int index)
         throw EVdListError(index);
     std::unique_ptr<TVdCollectionItem> item = FFactory();
     TVdCollectionItem* raw = item.get();
+    FItemType = &typeid(*raw);
     raw->FCollection = this;
     // Most lists of a statement hold a few items: room for four at once spares the vector
     // growing through one and two.
@@ -51,6 +52,28 @@ TVdCollectionItem* TVdCollection::InsertItem(int index)
     FItems.insert(FItems.begin() + index, std::move(item));
     Renumber(size_t(index));
     raw->SetParser(FParser);
+    raw->Added();
+    return raw;
+}
+
+std::unique_ptr<TVdCollectionItem> TVdCollection::NewItem()
+{
+    std::unique_ptr<TVdCollectionItem> item = FFactory();
+    FItemType = &typeid(*item);
+    return item;
+}
+
+TVdCollectionItem* TVdCollection::AdoptItem(std::unique_ptr<TVdCollectionItem>& item)
+{
+    if (!item || item->FCollection || !FItemType || typeid(*item) != *FItemType ||
+        item->Parser() != FParser)
+        return nullptr;
+    TVdCollectionItem* raw = item.get();
+    raw->FCollection = this;
+    if (FItems.capacity() == 0)
+        FItems.reserve(4);
+    FItems.push_back(std::move(item));
+    Renumber(FItems.size() - 1);
     raw->Added();
     return raw;
 }
@@ -97,6 +120,20 @@ void TVdCollection::TransferItems(std::vector<int> indexes, TVdCollection& to)
     }
     FItems.resize(kept);
     Renumber(first);
+    to.Renumber(appended);
+}
+
+void TVdCollection::TransferAll(TVdCollection& to)
+{
+    if (&to == this || FItems.empty())
+        return;
+    const size_t appended = to.FItems.size();
+    to.FItems.reserve(appended + FItems.size());
+    for (auto& item : FItems) {
+        item->FCollection = &to;
+        to.FItems.push_back(std::move(item));
+    }
+    FItems.clear();
     to.Renumber(appended);
 }
 

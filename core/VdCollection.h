@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <typeinfo>
 #include <vector>
 
 namespace vd {
@@ -68,6 +69,13 @@ public:
         return FItems[size_t(index)].get();
     }
     TVdCollectionItem* AddItem();
+    // An item of the class this collection makes, in no list yet, for AdoptItem to take in
+    // once it is filled.
+    std::unique_ptr<TVdCollectionItem> NewItem();
+    // Appends an item made elsewhere, as AddItem would have added it: taken only when it is
+    // of the class the factory makes (known once the collection has made an item) and has the
+    // collection's parser; otherwise nothing happens and null is returned, item left as it was.
+    TVdCollectionItem* AdoptItem(std::unique_ptr<TVdCollectionItem>& item);
     TVdCollectionItem* InsertItem(int index);
     void Delete(int index);
     // Exchanges the items at two positions. Throws EVdListError for a position out of range.
@@ -78,6 +86,9 @@ public:
     // fields of two of its tables do. Throws EVdListError for a position out of range,
     // before anything moves.
     void TransferItems(std::vector<int> indexes, TVdCollection& to);
+    // Moves every item to the end of another collection, in order, on the same terms as
+    // TransferItems.
+    void TransferAll(TVdCollection& to);
     // Deletes the items at the given positions (in any order) in one pass over the list;
     // each is told (Removing) before any leaves. Throws EVdListError for a position out of
     // range, before anything is deleted.
@@ -107,6 +118,8 @@ private:
     [[noreturn]] static void RaiseIndex(int index);
 
     TItemFactory FFactory;
+    // The class of the items the factory makes, once it has made one.
+    const std::type_info* FItemType = nullptr;
     std::vector<std::unique_ptr<TVdCollectionItem>> FItems;
     TVdSelectParser* FParser = nullptr;
     int FUpdateCount = 0;

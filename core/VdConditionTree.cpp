@@ -19,17 +19,34 @@ TNode& Unwrapped(TNode& node)
 
 const TNode* FillList(TNode& node, TVdCriterions& list, int level);
 
+// What Assign copies into a new list item, with the right side's operands moved rather than
+// copied: the condition tree is dropped once the clause is filled.
+void TakeComparison(TVdCriterion& to, TVdCriterion& from)
+{
+    if (to.RightSide().Count() != 0 || to.RightSide().Parser() != from.RightSide().Parser()) {
+        to.Assign(from);
+        return;
+    }
+    to.SetOperator(from.Operator());
+    to.SetLeftSide(from.LeftSide());
+    from.RightSide().TransferAll(to.RightSide());
+}
+
 // One item of a list: a comparison, or a group holding the condition's own list.
 const TNode* AddItem(TNode& node, TVdCriterions& list, int level)
 {
     TNode& inner = Unwrapped(node);
     if (inner.Kind != cnComparison && level >= TVdConditionNode::MaxGroupNesting)
         return &node;
-    TVdCriterion* item = list.Add();
     if (inner.Kind == cnComparison) {
-        item->Assign(*inner.Criterion);
+        std::unique_ptr<TVdCollectionItem> criterion(inner.Criterion.release());
+        const bool taken = list.AdoptItem(criterion) != nullptr;
+        inner.Criterion.reset(static_cast<TVdCriterion*>(criterion.release()));
+        if (!taken)
+            TakeComparison(*list.Add(), *inner.Criterion);
         return nullptr;
     }
+    TVdCriterion* item = list.Add();
     return FillList(inner, item->SubItems(), level + 1);
 }
 
@@ -66,6 +83,23 @@ std::unique_ptr<TVdConditionNode> TVdConditionNode::Comparison(TVdSelectParser& 
     node->Kind = cnComparison;
     node->Start = start;
     node->Criterion = std::make_unique<TVdCriterion>();
+    node->Criterion->SetParser(&parser);
+    return node;
+}
+
+std::unique_ptr<TVdConditionNode> TVdConditionNode::Comparison(TVdSelectParser& parser,
+                                                               TVdCriterions& list,
+                                                               const TVdSQLScanner::TState& start)
+{
+    std::unique_ptr<TVdCollectionItem> made = list.NewItem();
+    auto* criterion = dynamic_cast<TVdCriterion*>(made.get());
+    if (!criterion)
+        return Comparison(parser, start);
+    made.release();
+    auto node = std::make_unique<TVdConditionNode>();
+    node->Kind = cnComparison;
+    node->Start = start;
+    node->Criterion.reset(criterion);
     node->Criterion->SetParser(&parser);
     return node;
 }

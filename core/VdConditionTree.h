@@ -28,6 +28,10 @@ struct TVdConditionNode {
 
     static std::unique_ptr<TVdConditionNode> Comparison(TVdSelectParser& parser,
                                                         const TVdSQLScanner::TState& start);
+    // A comparison whose criterion is made by the list the clause fills, so that filling it
+    // can take the criterion in rather than copy it.
+    static std::unique_ptr<TVdConditionNode>
+    Comparison(TVdSelectParser& parser, TVdCriterions& list, const TVdSQLScanner::TState& start);
     static std::unique_ptr<TVdConditionNode> Chain(TVdConditionKind kind,
                                                    const TVdSQLScanner::TState& start);
 

@@ -36,11 +36,14 @@ TVdOperator* TVdOperators::Add(const std::string& name, const std::string& capti
     return op;
 }
 
-TVdOperator* TVdOperators::FindByCaption(const std::string& text) const
+// The lookups walk the items directly: they run for many tokens of every condition.
+TVdOperator* TVdOperators::FindByCaption(std::string_view text) const
 {
-    for (int i = 0; i < Count(); ++i)
-        if (Items(i)->Caption == text)
-            return Items(i);
+    for (const auto& item : RawItems()) {
+        auto* op = static_cast<TVdOperator*>(item.get());
+        if (op->Caption == text)
+            return op;
+    }
     return nullptr;
 }
 
@@ -52,14 +55,15 @@ TVdOperator* TVdOperators::FindByName(const std::string& text) const
     return nullptr;
 }
 
-TVdOperator* TVdOperators::FindNearest(const std::string& text, bool& partial) const
+TVdOperator* TVdOperators::FindNearest(std::string_view text, bool& partial) const
 {
-    for (int i = 0; i < Count(); ++i) {
-        TVdOperator* op = Items(i);
+    const char first = text.empty() ? '\0' : text::UpperChar(text[0]);
+    for (const auto& item : RawItems()) {
+        auto* op = static_cast<TVdOperator*>(item.get());
         const std::string& caption = op->Caption;
         if (caption.size() <= text.size() &&
-            (caption.empty() || text::UpperChar(caption[0]) == text::UpperChar(text[0])) &&
-            text::SameText(std::string_view(text).substr(0, caption.size()), caption)) {
+            (caption.empty() || text::UpperChar(caption[0]) == first) &&
+            text::SameText(text.substr(0, caption.size()), caption)) {
             partial = text.size() != caption.size();
             return op;
         }
@@ -67,12 +71,13 @@ TVdOperator* TVdOperators::FindNearest(const std::string& text, bool& partial) c
     return nullptr;
 }
 
-bool TVdOperators::IsCaptionStart(const std::string& text) const
+bool TVdOperators::IsCaptionStart(std::string_view text) const
 {
-    for (int i = 0; i < Count(); ++i) {
-        const std::string& caption = Items(i)->Caption;
+    const char first = text.empty() ? '\0' : text::UpperChar(text[0]);
+    for (const auto& item : RawItems()) {
+        const std::string& caption = static_cast<const TVdOperator*>(item.get())->Caption;
         if (caption.size() > text.size() && caption[text.size()] == ' ' &&
-            (text.empty() || text::UpperChar(caption[0]) == text::UpperChar(text[0])) &&
+            (text.empty() || text::UpperChar(caption[0]) == first) &&
             text::SameText(std::string_view(caption).substr(0, text.size()), text))
             return true;
     }

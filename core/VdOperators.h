@@ -3,6 +3,7 @@
 #include "core/VdCollection.h"
 
 #include <string>
+#include <string_view>
 
 namespace vd {
 
@@ -32,13 +33,34 @@ public:
                      const std::string& postfix = std::string());
     using TVdCollectionOf<TVdOperator>::Add;
 
-    TVdOperator* FindByCaption(const std::string& text) const;
+    TVdOperator* FindByCaption(const std::string& text) const
+    {
+        return FindByCaption(std::string_view(text));
+    }
+    TVdOperator* FindByCaption(std::string_view text) const;
+    TVdOperator* FindByCaption(const char* text) const
+    {
+        return FindByCaption(std::string_view(text));
+    }
     TVdOperator* FindByName(const std::string& text) const;
     // The first operator, in table order, whose caption (upper case) begins the text (upper
     // case); partial tells whether the text is longer. Order matters: "<" is found for "<=".
-    TVdOperator* FindNearest(const std::string& text, bool& partial) const;
+    TVdOperator* FindNearest(const std::string& text, bool& partial) const
+    {
+        return FindNearest(std::string_view(text), partial);
+    }
+    TVdOperator* FindNearest(std::string_view text, bool& partial) const;
+    TVdOperator* FindNearest(const char* text, bool& partial) const
+    {
+        return FindNearest(std::string_view(text), partial);
+    }
     // Whether some caption begins with the words of text ("IS" and "IS NOT" for "IS NOT NULL").
-    bool IsCaptionStart(const std::string& text) const;
+    bool IsCaptionStart(const std::string& text) const
+    {
+        return IsCaptionStart(std::string_view(text));
+    }
+    bool IsCaptionStart(std::string_view text) const;
+    bool IsCaptionStart(const char* text) const { return IsCaptionStart(std::string_view(text)); }
 };
 
 } // namespace vd

@@ -69,6 +69,8 @@ TVdCriteriaReader::TNode TVdCriteriaReader::ReadOr()
     if (!first || !IsConnector("OR"))
         return first;
     auto chain = TVdConditionNode::Chain(cnOr, start);
+    // A chain has two links at least: room for a few at once spares the vector growing.
+    chain->Items.reserve(4);
     chain->Items.push_back(std::move(first));
     while (IsConnector("OR")) {
         P.Next();
@@ -87,6 +89,8 @@ TVdCriteriaReader::TNode TVdCriteriaReader::ReadAnd()
     if (!first || !IsConnector("AND"))
         return first;
     auto chain = TVdConditionNode::Chain(cnAnd, start);
+    // A chain has two links at least: room for a few at once spares the vector growing.
+    chain->Items.reserve(4);
     chain->Items.push_back(std::move(first));
     while (IsConnector("AND")) {
         P.Next();
@@ -174,7 +178,7 @@ TVdCriteriaReader::TNode TVdCriteriaReader::ReadComparison()
 {
     if (!P.IsOperandKind() && !P.IsDelimToken('(') && !AtSign())
         return Failed();
-    auto node = TVdConditionNode::Comparison(P, S.SaveState());
+    auto node = TVdConditionNode::Comparison(P, List, S.SaveState());
     TVdTableDef* unused = nullptr;
     P.DoParseExpression(node->Criterion->LeftSide(), unused, TTokenKinds{tkKeyword, tkComparison},
                         std::string(), TVdExprContext::Condition);

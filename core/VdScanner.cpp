@@ -192,13 +192,15 @@ bool TVdSQLScanner::GetQuoteIdentifiers() const { return FQuoteIdentifiers; }
 
 char TVdSQLScanner::GetStringQuote() const { return '\''; }
 
+// NeedQuotes and ProcessIdent read IsIdentQuote's answers from the class table.
 bool TVdSQLScanner::NeedQuotes(const std::string& name) const
 {
     if (name.size() < 2)
         return true;
+    const_cast<TVdSQLScanner*>(this)->EnsureCharClasses();
     const char first = name.front();
     const char last = name.back();
-    return !IsIdentQuote(first) || !IsIdentQuote(last) || first != last;
+    return first != last || !Has(first, ccIdentQuote);
 }
 
 std::string TVdSQLScanner::GetCommaKeywords() const
@@ -213,8 +215,11 @@ std::string TVdSQLScanner::GetCommaOperations() const { return "+,-,*,/"; }
 
 std::string TVdSQLScanner::ProcessIdent(const std::string& name) const
 {
-    if (name.size() > 1 && IsIdentQuote(name.front()) && IsIdentQuote(name.back()))
-        return name.substr(1, name.size() - 2);
+    if (name.size() > 1) {
+        const_cast<TVdSQLScanner*>(this)->EnsureCharClasses();
+        if (Has(name.front(), ccIdentQuote) && Has(name.back(), ccIdentQuote))
+            return name.substr(1, name.size() - 2);
+    }
     return name;
 }
 
@@ -255,10 +260,10 @@ std::string TVdSQLScanner::ProcessName(const std::string& name) const
 {
     if (!GetQuoteIdentifiers())
         return name;
-    const char quote = GetIdentQuote();
     // Without a "." after the first character the whole name is the last part (no prefix).
     if (PartEnd(name) == std::string::npos)
         return NeedQuotes(name) ? QuotedName(name) : name;
+    const char quote = GetIdentQuote();
     std::string prefix;
     bool hasPrefix = false;
     bool anyQuoted = false;
@@ -355,14 +360,6 @@ std::string TVdSQLScanner::GetTokenPlus()
     return next;
 }
 
-TVdSQLScanner::TState TVdSQLScanner::SaveState() const
-{
-    return TState{FPosition,           FLevel,       FLineNo,    FLinePos,           FSpaceCount,
-                  FTokenStart,         FTokenEnd,    FTokenAt,   int(FToken.size()), FInString,
-                  FEmptyStringPending, FTokenQuoted, FQuoteChar, FTokenQuote,        FOpenQuote,
-                  FQuoteStart,         FTokenKind};
-}
-
 void TVdSQLScanner::RestoreState(const TState& s)
 {
     FPosition = s.Position;
@@ -451,6 +448,7 @@ void TVdSQLScanner::EnsureCharClasses()
         if ((cls & quotes) || (!(cls & ccLegal) && (cls & (ccDelim | ccSpace))))
             cls |= ccWordStop;
     }
+    FCrIsDelim = Has('\r', ccDelim) && !Has('\r', ccQuote | ccIdentQuote | ccComparison);
     FClassesValid = true;
 }
 
@@ -586,15 +584,11 @@ void TVdSQLScanner::MergeWordLists()
     FMergedStamps[0] = FFunctions.Stamp();
     FMergedStamps[1] = FKeywords.Stamp();
     FMergedStamps[2] = FOperations.Stamp();
-}
-
-std::uint8_t TVdSQLScanner::OwnWordFlags(const std::string& word)
-{
-    if (FMergedStamps[0] != FFunctions.Stamp() || FMergedStamps[1] != FKeywords.Stamp() ||
-        FMergedStamps[2] != FOperations.Stamp())
-        MergeWordLists();
-    const int i = FMergedWords.IndexOf(word);
-    return i < 0 ? 0 : FMergedFlags[size_t(i)];
+    for (int i = 0; i < 256; ++i) {
+        const char c = char(i);
+        const int at = FMergedWords.IndexOf(std::string_view(&c, 1));
+        FSingleFlags[i] = at < 0 ? 0 : FMergedFlags[size_t(at)];
+    }
 }
 
 // ClassifyWord with this class's own tests, called without virtual dispatch.
@@ -626,11 +620,15 @@ const std::string& TVdSQLScanner::GetNextToken()
     for (;;) {
         if (FTokenKind != tkSpace && FTokenKind != tkEol)
             FSpaceCount = 0;
-        SkipBlankRun();
+        // Outside strings: blanks and the common tokens are read in runs.
+        if (!FInString && !FEmptyStringPending) {
+            SkipBlankRun();
+            FTokenKind = tkUnknown;
+            if (ScanPlainToken())
+                return FToken;
+        }
         FTokenKind = tkUnknown;
         result.clear();
-        if (ScanPlainToken())
-            return FToken;
         const bool wasPending = FEmptyStringPending;
         TTokenKind kind = ScanOne(result);
         const int textAt = FTokenStart - 1;
@@ -640,7 +638,8 @@ const std::string& TVdSQLScanner::GetNextToken()
         else if (result.empty() && !(wasPending && quoted))
             kind = tkEnd;
         // Blanks, line ends and quotes are never operations (list items are trimmed words).
-        if (kind != tkSpace && kind != tkEol && kind != tkQuote && IsOperation(result))
+        if (kind != tkSpace && kind != tkEol && kind != tkQuote &&
+            (FOwnWordTests ? FOperations.Contains(result) : IsOperation(result)))
             kind = tkOperation;
         FTokenKind = kind;
         if (kind != tkEol)
@@ -684,16 +683,36 @@ const std::string& TVdSQLScanner::GetNextToken()
 // and no quote is a token of its own.
 bool TVdSQLScanner::ScanPlainToken()
 {
-    if (FInString || FEmptyStringPending || FPosition > FLength)
+    if (FPosition > FLength)
         return false;
     const char* text = FExpression.data();
     const char c = text[FPosition - 1];
     int end = FPosition + 1;
+    // Whether the word is an identifier by this class's own test: a letter that is no digit
+    // (so no integer either), then legal characters only.
+    bool plainIdent = false;
     if (Has(c, ccWordStart)) {
-        while (end <= FLength && !Has(text[end - 1], ccWordStop))
+        std::uint16_t seen = ccLegal;
+        while (end <= FLength) {
+            const std::uint16_t cls = FClasses[static_cast<unsigned char>(text[end - 1])];
+            if (cls & ccWordStop)
+                break;
+            seen &= cls;
             ++end;
+        }
+        plainIdent = (seen & ccLegal) && !Has(c, ccDigit);
+    } else if (Has(c, ccDigit) && !Has(c, ccAlpha | ccQuote | ccIdentQuote | ccDelim | ccSpace)) {
+        // A number (or a word that starts with a digit) runs up to a quote, a blank or any
+        // delimiter; a "." after it may make a float, which ScanOne decides.
+        const std::uint16_t stops = ccQuote | ccIdentQuote | ccDelim | ccSpace;
+        while (end <= FLength && !Has(text[end - 1], stops))
+            ++end;
+        if (end <= FLength && text[end - 1] == '.')
+            return false;
     } else if (!Has(c, ccDelim) || Has(c, ccQuote | ccIdentQuote | ccSpace | ccComparison) ||
-               c == '\r' || c == '.') {
+               c == '\r' || (c == '.' && !FOwnWordTests)) {
+        // A "." opening a token is a delimiter of its own, unless a subclass's IsInteger
+        // takes the empty text for a number (ScanOne asks it).
         return false;
     }
     FTokenAt = FPosition - 1;
@@ -702,7 +721,12 @@ bool TVdSQLScanner::ScanPlainToken()
     TTokenKind kind;
     if (FOwnWordTests) {
         const std::uint8_t flags = OwnWordFlags(FToken);
-        kind = word ? ClassifyOwnWord(FToken, flags) : tkDelim;
+        if (!word)
+            kind = tkDelim;
+        else if (plainIdent && !(flags & (wfFunction | wfKeyword)))
+            kind = tkIdent;
+        else
+            kind = ClassifyOwnWord(FToken, flags);
         if (flags & wfOperation)
             kind = tkOperation;
     } else {
@@ -729,11 +753,9 @@ bool TVdSQLScanner::ScanPlainToken()
 // own that only counts in SpaceCount, LinePos and LineNo, exactly as counted here.
 void TVdSQLScanner::SkipBlankRun()
 {
-    if (FInString || FEmptyStringPending)
-        return;
     const char* text = FExpression.data();
     const std::uint16_t other = ccDelim | ccQuote | ccIdentQuote | ccComparison;
-    const bool crIsDelim = Has('\r', ccDelim) && !Has('\r', ccQuote | ccIdentQuote | ccComparison);
+    const bool crIsDelim = FCrIsDelim;
     for (;;) {
         if (FPosition > FLength)
             return;

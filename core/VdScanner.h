@@ -178,7 +178,15 @@ public:
         int QuoteStart;
         TTokenKind TokenKind;
     };
-    TState SaveState() const;
+    // Inline: parsers save a state before most looks ahead.
+    TState SaveState() const
+    {
+        return TState{
+            FPosition,           FLevel,       FLineNo,    FLinePos,           FSpaceCount,
+            FTokenStart,         FTokenEnd,    FTokenAt,   int(FToken.size()), FInString,
+            FEmptyStringPending, FTokenQuoted, FQuoteChar, FTokenQuote,        FOpenQuote,
+            FQuoteStart,         FTokenKind};
+    }
     void RestoreState(const TState& state);
     // Whether the next token is the single delimiter c; the same answer as looking ahead with
     // GetTokenPlus, without scanning a whole token where blanks and line ends are all that
@@ -208,6 +216,7 @@ private:
         ccWordStop = 2048
     };
     void EnsureCharClasses();
+    // Both only outside strings (no string open, no empty string pending).
     void SkipBlankRun();
     bool ScanPlainToken();
     bool Has(char c, std::uint16_t cls) const
@@ -221,7 +230,16 @@ private:
     // three lists merged; used only while the scanner is of this class exactly, where none
     // of them is overridden.
     enum : std::uint8_t { wfFunction = 1, wfKeyword = 2, wfOperation = 4 };
-    std::uint8_t OwnWordFlags(const std::string& word);
+    std::uint8_t OwnWordFlags(std::string_view word)
+    {
+        if (FMergedStamps[0] != FFunctions.Stamp() || FMergedStamps[1] != FKeywords.Stamp() ||
+            FMergedStamps[2] != FOperations.Stamp())
+            MergeWordLists();
+        if (word.size() == 1)
+            return FSingleFlags[static_cast<unsigned char>(word[0])];
+        const int i = FMergedWords.IndexOf(word);
+        return i < 0 ? 0 : FMergedFlags[size_t(i)];
+    }
     void MergeWordLists();
     TTokenKind ClassifyOwnWord(const std::string& word, std::uint8_t flags) const;
     bool Closes(char c, const std::string& result) const;
@@ -248,10 +266,15 @@ private:
     std::uint16_t FClasses[256] = {};
     std::string FBuffer;
     bool FClassesValid = false;
+    // Whether a CR LF pair between tokens is a line end that SkipBlankRun may take.
+    bool FCrIsDelim = false;
     bool FOwnWordTests = false;
     TVdWordList FMergedWords;
     std::vector<std::uint8_t> FMergedFlags;
     std::uint64_t FMergedStamps[3] = {~0ull, ~0ull, ~0ull};
+    // The flags of every one-character word, looked up once per merge: most of the tokens
+    // that are no word at all (",", "(", ")") are one character long.
+    std::uint8_t FSingleFlags[256] = {};
 };
 
 } // namespace vd

@@ -434,7 +434,6 @@ void TVdSelectParser::DoParseFieldDef()
         return;
     }
     TVdTableDefs& tables = TableDefs();
-    std::vector<TVdTableDef*> targets;
     // Only a column (a name, or a call over names) is given to every table; a text that names
     // no column, such as COUNT(*) or 1, would print the same once for each table and read back
     // as that many columns.
@@ -450,16 +449,16 @@ void TVdSelectParser::DoParseFieldDef()
         table = tables.Add();
     if (!table && !column)
         table = tables.Items(0);
-    if (table) {
-        targets.push_back(table);
-    } else {
-        // An unqualified column of a query with several tables is given to each of them.
-        for (int i = 0; i < tables.Count(); ++i)
-            targets.push_back(tables.Items(i));
-    }
     ++FSelectItems;
-    for (TVdTableDef* target : targets)
-        CopyField(field, hasAlias, alias, *target, place);
+    if (table) {
+        CopyField(field, hasAlias, alias, *table, place);
+        return;
+    }
+    // An unqualified column of a query with several tables is given to each of them (those
+    // there before the first copy: a copy adds no table).
+    const int count = tables.Count();
+    for (int i = 0; i < count; ++i)
+        CopyField(field, hasAlias, alias, *tables.Items(i), place);
 }
 
 bool TVdSelectParser::NamesColumn(const TVdFunctionDef& node)
@@ -829,7 +828,15 @@ void TVdSelectParser::RaiseIfUnterminated()
 
 bool TVdSelectParser::IsWord(const char* word) const
 {
-    return !Scanner().TokenQuoted() && text::SameText(Token(), word);
+    if (Scanner().TokenQuoted())
+        return false;
+    // Compared as it is walked, without measuring the word first: most tokens differ at once.
+    const std::string& token = Token();
+    size_t i = 0;
+    for (; i < token.size(); ++i)
+        if (word[i] == '\0' || text::UpperChar(token[i]) != text::UpperChar(word[i]))
+            return false;
+    return word[i] == '\0';
 }
 
 bool TVdSelectParser::IsKeywordToken(const char* word) const

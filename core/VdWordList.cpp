@@ -65,40 +65,41 @@ void TVdWordList::Assign(const TVdWordList& other, bool upperCase)
     Changed();
 }
 
-size_t TVdWordList::TNoCaseHash::operator()(std::string_view s) const
+inline std::uint32_t TVdWordList::ProbeHash(std::string_view s)
 {
-    size_t h = 1469598103934665603ull;
-    for (char c : s)
-        h = (h ^ static_cast<unsigned char>(text::UpperChar(c))) * 1099511628211ull;
+    const size_t n = s.size();
+    auto up = [](char c) { return std::uint32_t(static_cast<unsigned char>(text::UpperChar(c))); };
+    std::uint32_t h = std::uint32_t(n) * 0x9E3779B1u;
+    if (n) {
+        h ^= up(s[0]) | up(s[n - 1]) << 8 | up(s[n / 2]) << 16 | up(s[n > 1 ? 1 : 0]) << 24;
+        h *= 0x85EBCA6Bu;
+        h ^= h >> 15;
+    }
     return h;
 }
 
-bool TVdWordList::TNoCaseEqual::operator()(std::string_view a, std::string_view b) const
-{
-    return text::SameText(a, b);
-}
-
-namespace {
-
-inline unsigned FilterRow(char c) { return static_cast<unsigned char>(text::UpperChar(c)) & 63u; }
-
-inline std::uint64_t FilterBit(size_t length)
-{
-    return std::uint64_t(1) << (length < 63 ? length : 63);
-}
-
-} // namespace
-
 void TVdWordList::BuildIndex() const
 {
-    FIndex.clear();
+    size_t slots = 16;
+    while (slots < FItems.size() * 2)
+        slots *= 2;
+    FSlots.assign(slots, 0);
+    FSlotMask = std::uint32_t(slots - 1);
     for (std::uint64_t& row : FFilter)
         row = 0;
     for (std::uint64_t& row : FEnds)
         row = 0;
     for (size_t i = 0; i < FItems.size(); ++i) {
         const std::string& word = FItems[i];
-        FIndex.emplace(word, int(i));
+        // The first place wins: a later word equal to it ignoring case is never found.
+        for (std::uint32_t s = ProbeHash(word) & FSlotMask;; s = (s + 1) & FSlotMask) {
+            if (FSlots[s] == 0) {
+                FSlots[s] = std::int32_t(i + 1);
+                break;
+            }
+            if (text::SameText(FItems[size_t(FSlots[s] - 1)], word))
+                break;
+        }
         if (word.empty())
             continue;
         FFilter[FilterRow(word[0])] |= FilterBit(word.size());
@@ -109,18 +110,22 @@ void TVdWordList::BuildIndex() const
 
 // Case-insensitive: the first place of the word in the list, sorted or not (the same place a
 // binary search over the sorted list or a scan over the unsorted one finds).
-int TVdWordList::IndexOf(std::string_view word) const
+int TVdWordList::Lookup(std::string_view word) const
 {
     if (!FIndexValid)
         BuildIndex();
     if (word.empty())
         return IndexOfEmpty();
-    const unsigned row = FilterRow(word[0]);
-    if (!(FFilter[row] & FilterBit(word.size())) ||
-        !(FEnds[row] & (std::uint64_t(1) << FilterRow(word.back()))))
+    if (!MayHold(word))
         return -1;
-    auto it = FIndex.find(word);
-    return it == FIndex.end() ? -1 : it->second;
+    for (std::uint32_t s = ProbeHash(word) & FSlotMask;; s = (s + 1) & FSlotMask) {
+        const std::int32_t at = FSlots[s];
+        if (at == 0)
+            return -1;
+        const std::string& item = FItems[size_t(at - 1)];
+        if (item.size() == word.size() && text::SameText(item, word))
+            return at - 1;
+    }
 }
 
 int TVdWordList::IndexOfEmpty() const

@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace vd {
@@ -22,7 +21,13 @@ public:
     void Assign(const TVdWordList& other, bool upperCase);
 
     // Index of the word (case-insensitive), or -1.
-    int IndexOf(std::string_view word) const;
+    int IndexOf(std::string_view word) const
+    {
+        // Most probes are no word of the list: turned away here, without a call.
+        if (FIndexValid && !word.empty() && !MayHold(word))
+            return -1;
+        return Lookup(word);
+    }
     bool Contains(std::string_view word) const { return IndexOf(word) >= 0; }
 
     int Count() const { return int(FItems.size()); }
@@ -42,24 +47,35 @@ private:
     static std::uint64_t NextStamp();
     void BuildIndex() const;
     int IndexOfEmpty() const;
+    int Lookup(std::string_view word) const;
+    // Case-insensitive for letters; other characters may share a row, which only weakens
+    // the filter.
+    static unsigned FilterRow(char c) { return static_cast<unsigned char>(c) & 31u; }
+    static std::uint64_t FilterBit(size_t length)
+    {
+        return std::uint64_t(1) << (length < 63 ? length : 63);
+    }
+    bool MayHold(std::string_view word) const
+    {
+        const unsigned row = FilterRow(word[0]);
+        return (FFilter[row] & FilterBit(word.size())) &&
+               (FEnds[row] & (std::uint64_t(1) << (FilterRow(word.back()))));
+    }
 
     std::vector<std::string> FItems;
     bool FSorted = false;
     std::uint64_t FStamp = 0;
-    // Lookup without copying the probe: hash and compare ignore ASCII case.
-    struct TNoCaseHash {
-        using is_transparent = void;
-        size_t operator()(std::string_view s) const;
-    };
-    struct TNoCaseEqual {
-        using is_transparent = void;
-        bool operator()(std::string_view a, std::string_view b) const;
-    };
-    // Rebuilt after a change: the first place of each word, and filters on (first letter,
-    // length) and (first letter, last letter) that turn most non-words away before hashing.
-    mutable std::unordered_map<std::string, int, TNoCaseHash, TNoCaseEqual> FIndex;
-    mutable std::uint64_t FFilter[64] = {};
-    mutable std::uint64_t FEnds[64] = {};
+    // A hash of a few upper-cased characters and the length: cheap for the probe, and the
+    // full case-insensitive compare settles it.
+    static std::uint32_t ProbeHash(std::string_view s);
+
+    // Rebuilt after a change: an open-addressing table of the first place of each word (slot
+    // value place + 1, 0 for empty), and filters on (first letter, length) and (first letter,
+    // last letter) that turn most non-words away before hashing.
+    mutable std::vector<std::int32_t> FSlots;
+    mutable std::uint32_t FSlotMask = 0;
+    mutable std::uint64_t FFilter[32] = {};
+    mutable std::uint64_t FEnds[32] = {};
     mutable bool FIndexValid = false;
 };
 

@@ -624,3 +624,67 @@ TEST(VdCollectionTransfer, PositionOutOfRangeMovesNothing)
     EXPECT_EQ(CriterionNames(from), "A0 A1 A2 ");
     EXPECT_EQ(to.Count(), 0);
 }
+
+// All items move at once to the end of the other list, in their order, renumbered and knowing
+// their new list; the source is left empty. A list moved onto itself stays as it is.
+TEST(VdCollectionTransfer, AllItemsGoToTheEndOfTheOtherList)
+{
+    TVdSelectParser parser;
+    TVdCriterions& from = parser.WhereItems();
+    TVdCriterions& to = parser.HavingItems();
+    AddCriterions(from, "A", 3);
+    AddCriterions(to, "B", 1);
+    TVdCriterion* last = from.Items(2);
+    from.TransferAll(to);
+    EXPECT_EQ(from.Count(), 0);
+    EXPECT_EQ(CriterionNames(to), "B0 A0 A1 A2 ");
+    EXPECT_EQ(to.Items(3), last);
+    EXPECT_EQ(last->Index(), 3);
+    EXPECT_EQ(last->Collection(), &to);
+    to.TransferAll(to);
+    EXPECT_EQ(CriterionNames(to), "B0 A0 A1 A2 ");
+    from.TransferAll(to);
+    EXPECT_EQ(to.Count(), 4);
+}
+
+// An item made by a list and filled outside it is taken in at the end, as AddItem would have
+// added it; an item of another class or of another parser is refused and left as it was.
+TEST(VdCollectionAdopt, OwnItemsAreTakenInOthersRefused)
+{
+    TVdSelectParser parser;
+    TVdCriterions& list = parser.WhereItems();
+    AddCriterions(list, "A", 1);
+    std::unique_ptr<TVdCollectionItem> made = list.NewItem();
+    made->SetParser(&parser);
+    auto* criterion = dynamic_cast<TVdCriterion*>(made.get());
+    ASSERT_NE(criterion, nullptr);
+    criterion->LeftSide().SetName("B");
+    EXPECT_EQ(list.AdoptItem(made), criterion);
+    EXPECT_EQ(made, nullptr);
+    EXPECT_EQ(CriterionNames(list), "A0 B ");
+    EXPECT_EQ(criterion->Index(), 1);
+    EXPECT_EQ(criterion->Collection(), &list);
+
+    std::unique_ptr<TVdCollectionItem> plain = std::make_unique<TVdCriterion>();
+    plain->SetParser(&parser);
+    EXPECT_EQ(list.AdoptItem(plain), nullptr) << "another class";
+    EXPECT_NE(plain, nullptr);
+
+    std::unique_ptr<TVdCollectionItem> orphan = list.NewItem();
+    EXPECT_EQ(list.AdoptItem(orphan), nullptr) << "another parser";
+    EXPECT_NE(orphan, nullptr);
+    EXPECT_EQ(list.Count(), 2);
+}
+
+// A list that has not made an item yet knows no class to compare with and takes nothing in.
+TEST(VdCollectionAdopt, AFreshListTakesNothingIn)
+{
+    TVdSelectParser parser;
+    TVdCriterions& made = parser.WhereItems();
+    std::unique_ptr<TVdCollectionItem> item = made.NewItem();
+    item->SetParser(&parser);
+    TVdCriterions& fresh = parser.WhereItems().Add()->SubItems();
+    EXPECT_EQ(fresh.AdoptItem(item), nullptr);
+    EXPECT_EQ(fresh.Count(), 0);
+    EXPECT_NE(item, nullptr);
+}

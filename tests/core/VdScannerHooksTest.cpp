@@ -189,3 +189,103 @@ TEST(VdScannerHooks, PlainAndDerivedScannersReadTheSameTokens)
         derived.SetOperations(operations);
     }
 }
+
+// One-character tokens are answered from a table built from the lists: it follows every
+// change of them, ignores case as the lists do, and agrees with the virtual tests.
+TEST(VdScannerHooks, OneCharacterWordsFollowListChanges)
+{
+    const std::string text = "q x % , y";
+    TVdSQLScanner plain;
+    DerivedScanner derived;
+    EXPECT_EQ(Scan(plain, text), (TKinds{{vd::tkIdent, "q"},
+                                         {vd::tkIdent, "x"},
+                                         {vd::tkUnknown, "%"},
+                                         {vd::tkDelim, ","},
+                                         {vd::tkIdent, "y"}}));
+    vd::TVdWordList keywords = plain.Keywords();
+    keywords.Add("Q");
+    vd::TVdWordList functions = plain.Functions();
+    functions.Add("x");
+    vd::TVdWordList operations = plain.Operations();
+    operations.Add("%");
+    operations.Add(",");
+    TVdSQLScanner* const both[] = {&plain, &derived};
+    for (TVdSQLScanner* s : both) {
+        s->SetKeywords(keywords);
+        s->SetFunctions(functions);
+        s->SetOperations(operations);
+    }
+    const TKinds expected{{vd::tkKeyword, "q"},
+                          {vd::tkFunction, "x"},
+                          {vd::tkOperation, "%"},
+                          {vd::tkOperation, ","},
+                          {vd::tkIdent, "y"}};
+    EXPECT_EQ(Scan(plain, text), expected);
+    EXPECT_EQ(Scan(derived, text), expected);
+    // Taken out again, "q" is a name once more.
+    plain.SetKeywords(vd::TVdWordList());
+    EXPECT_EQ(Scan(plain, "q").front(), (std::pair<vd::TTokenKind, std::string>{vd::tkIdent, "q"}));
+}
+
+namespace {
+
+// Back quotes enclose names once switched on; the classes are read again then.
+class BackQuoteScanner : public TVdSQLScanner
+{
+public:
+    bool IsIdentQuote(char c) const override
+    {
+        return (FBackQuote && c == '`') || TVdSQLScanner::IsIdentQuote(c);
+    }
+    void SetBackQuote(bool on)
+    {
+        FBackQuote = on;
+        InvalidateCharClasses();
+    }
+
+private:
+    bool FBackQuote = false;
+};
+
+} // namespace
+
+// Whether a name needs quotes and what a quoted name holds follow the subclass's identifier
+// quotes, also after they change.
+TEST(VdScannerHooks, NameQuotingFollowsTheIdentifierQuotes)
+{
+    BackQuoteScanner s;
+    EXPECT_TRUE(s.NeedQuotes("`a`"));
+    EXPECT_EQ(s.ProcessIdent("`a`"), "`a`");
+    EXPECT_FALSE(s.NeedQuotes("\"a\""));
+    EXPECT_EQ(s.ProcessIdent("\"a\""), "a");
+    EXPECT_TRUE(s.NeedQuotes("\"a'"));
+    s.SetBackQuote(true);
+    EXPECT_FALSE(s.NeedQuotes("`a`"));
+    EXPECT_EQ(s.ProcessIdent("`a`"), "a");
+    EXPECT_TRUE(s.NeedQuotes("`a\""));
+    s.SetBackQuote(false);
+    EXPECT_TRUE(s.NeedQuotes("`a`"));
+    EXPECT_EQ(s.ProcessIdent("`a`"), "`a`");
+}
+
+// Numbers and dots are read in runs where no float can begin; a "." after digits still goes
+// through the float rule. A derived scanner reads a leading "." character by character.
+TEST(VdScannerHooks, NumbersAndDotsKeepTheirTokens)
+{
+    const std::string text = "SELECT 12ab, 1-2, 1.5 , x.y, .5, 1'x', 7";
+    const TKinds expected{{vd::tkKeyword, "SELECT"}, {vd::tkUnknown, "12ab"}, {vd::tkDelim, ","},
+                          {vd::tkInteger, "1"},      {vd::tkOperation, "-"},  {vd::tkInteger, "2"},
+                          {vd::tkDelim, ","},        {vd::tkFloat, "1"},      {vd::tkInteger, "5"},
+                          {vd::tkDelim, ","},        {vd::tkIdent, "x"},      {vd::tkDelim, "."},
+                          {vd::tkIdent, "y"},        {vd::tkDelim, ","},      {vd::tkDelim, "."},
+                          {vd::tkInteger, "5"},      {vd::tkDelim, ","},      {vd::tkInteger, "1"},
+                          {vd::tkIdentString, "x"},  {vd::tkDelim, ","},      {vd::tkInteger, "7"}};
+    TVdSQLScanner plain;
+    DerivedScanner derived;
+    EXPECT_EQ(Scan(plain, text), expected);
+    EXPECT_EQ(Scan(derived, text), expected);
+    // At the very end "1.5" is no float.
+    const TKinds last{{vd::tkInteger, "1"}, {vd::tkDelim, "."}, {vd::tkInteger, "5"}};
+    EXPECT_EQ(Scan(plain, "1.5"), last);
+    EXPECT_EQ(Scan(derived, "1.5"), last);
+}
