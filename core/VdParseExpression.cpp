@@ -174,14 +174,26 @@ bool TVdExpressionReader::ReadQualified(TVdFunctionDef& node, TVdTableDef*& tabl
     const auto written = [this] { return S.TokenQuoted() ? S.RawToken() : P.NameText(); };
     std::string asWritten = parameter ? written() : std::string();
     const TVdSQLScanner::TState atQualifier = S.SaveState();
+    // The kept texts (QuotedPartText) are held only where they differ from the plain ones:
+    // a part read without quotes keeps its plain text, and so do most names.
     std::string qualifier = P.NameText();
-    std::string keptQualifier = P.QuotedPartText(qualifier);
-    std::string qualifierAlias = P.AliasText();
+    std::string keptQualifier;
+    bool keptSame = true;
+    std::string qualifierAlias;
+    if (S.TokenQuoted()) {
+        keptQualifier = P.QuotedPartText(qualifier);
+        keptSame = keptQualifier == qualifier;
+        qualifierAlias = P.AliasText();
+    } else {
+        // Without quotes the alias text is the name text.
+        qualifierAlias = qualifier;
+    }
     Consume();
     Consume(); // "."
     bool star = false;
     bool dotted = false;
     std::string field, keptField;
+    bool fieldSame = true;
     for (;;) {
         star = !S.TokenQuoted() && S.Token() == "*";
         if (!star && !P.IsNameKind())
@@ -192,24 +204,40 @@ bool TVdExpressionReader::ReadQualified(TVdFunctionDef& node, TVdTableDef*& tabl
             return true;
         }
         field = star ? std::string("*") : P.NameText();
-        keptField = star ? field : P.QuotedPartText(field);
+        fieldSame = star || !S.TokenQuoted();
+        if (!fieldSame) {
+            keptField = P.QuotedPartText(field);
+            fieldSame = keptField == field;
+        }
         if (parameter)
             asWritten += "." + (star ? field : written());
         Consume();
         if (star || !P.IsDelimToken('.'))
             break;
-        qualifier += "." + field;
-        keptQualifier += "." + keptField;
+        if (!keptSame || !fieldSame) {
+            if (keptSame)
+                keptQualifier = qualifier;
+            keptSame = false;
+            keptQualifier += '.';
+            keptQualifier += fieldSame ? field : keptField;
+        }
+        qualifier += '.';
+        qualifier += field;
         dotted = true;
         field.clear();
+        fieldSame = true;
         Consume(); // "."
     }
     // In a condition the qualifier and the field print as one name, in which the qualifier's
     // last part is no longer the last ("E."."y".C): its quotes are weighed on the whole name.
-    const std::string conditionName =
-        Context == TVdExprContext::Condition && !field.empty()
-            ? P.DottedNameText(qualifier + "." + field, keptQualifier + "." + keptField)
-            : std::string();
+    std::string conditionName;
+    if (Context == TVdExprContext::Condition && !field.empty()) {
+        conditionName = qualifier + "." + field;
+        if (!keptSame || !fieldSame)
+            conditionName =
+                P.DottedNameText(conditionName, (keptSame ? qualifier : keptQualifier) + "." +
+                                                    (fieldSame ? field : keptField));
+    }
     // A dotted qualifier is its own alias text; taken once, as a copy per part would make a
     // long name cost its square.
     // In the select list it names a table, whose name of three parts or more takes its
@@ -217,9 +245,10 @@ bool TVdExpressionReader::ReadQualified(TVdFunctionDef& node, TVdTableDef*& tabl
     // "Q".".", not the table "Q."."" that Q.. would be).
     if (dotted) {
         if (Context == TVdExprContext::SelectList)
-            qualifier =
-                P.DottedNameText(P.TableNameText(qualifier), P.TableNameText(keptQualifier));
-        else
+            qualifier = keptSame ? P.TableNameText(qualifier)
+                                 : P.DottedNameText(P.TableNameText(qualifier),
+                                                    P.TableNameText(keptQualifier));
+        else if (!keptSame)
             qualifier = P.DottedNameText(qualifier, keptQualifier);
         qualifierAlias = qualifier;
     }
