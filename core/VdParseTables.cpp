@@ -585,18 +585,35 @@ void TVdSelectParser::DoParseTableDef()
     std::string name = NameText();
     if (name.empty())
         return Fail();
-    std::string kept = QuotedPartText(name);
+    // The parts kept in their quotes, held only once one differs from its plain text.
+    std::string kept;
+    bool keptSame = true;
+    if (Scanner().TokenQuoted()) {
+        kept = QuotedPartText(name);
+        keptSame = kept == name;
+    }
     Next();
     while (IsDelimToken('.')) {
         Next();
         if (!IsNameKind())
             return Fail();
         const std::string part = NameText();
-        name += "." + part;
-        kept += "." + QuotedPartText(part);
+        if (Scanner().TokenQuoted() || !keptSame) {
+            const std::string keptPart = Scanner().TokenQuoted() ? QuotedPartText(part) : part;
+            if (keptSame && keptPart != part) {
+                kept = name;
+                keptSame = false;
+            }
+            if (!keptSame) {
+                kept += '.';
+                kept += keptPart;
+            }
+        }
+        name += '.';
+        name += part;
         Next();
     }
-    name = TableNameText(DottedNameText(name, kept));
+    name = TableNameText(keptSame ? name : DottedNameText(name, kept));
     // What follows the name: an alias, "(" of a procedure call, or the end of this entry.
     const bool call = IsDelimToken('(');
     std::string alias;
@@ -815,16 +832,35 @@ bool TVdSelectParser::ReadJoinCondition(TVdTableDef*& owner, std::string& ownerF
             Scanner().RestoreState(atQualifier);
             return false;
         };
+        // The kept texts are held only where a quoted part's differs from its plain text;
+        // without quotes the alias text is the name text.
         std::string qualifier = NameText();
-        std::string keptQualifier = QuotedPartText(qualifier);
-        TVdTableDef* table = FindTable(AliasText(), qualifier);
+        std::string keptQualifier;
+        bool keptSame = true;
+        TVdTableDef* table;
+        if (Scanner().TokenQuoted()) {
+            keptQualifier = QuotedPartText(qualifier);
+            keptSame = keptQualifier == qualifier;
+            table = FindTable(AliasText(), qualifier);
+        } else {
+            table = FindTable(qualifier, qualifier);
+        }
         Next();
         Next();
         if (!IsNameKind())
             return false;
         TVdSQLScanner::TState atField = Scanner().SaveState();
         std::string field = NameText();
-        std::string keptField = QuotedPartText(field);
+        std::string keptField;
+        bool fieldSame = true;
+        auto keepField = [&] {
+            fieldSame = !Scanner().TokenQuoted();
+            if (!fieldSame) {
+                keptField = QuotedPartText(field);
+                fieldSame = keptField == field;
+            }
+        };
+        keepField();
         Next();
         bool dotted = false;
         while (IsDelimToken('.')) {
@@ -832,16 +868,24 @@ bool TVdSelectParser::ReadJoinCondition(TVdTableDef*& owner, std::string& ownerF
             if (!IsNameKind())
                 return false;
             atField = Scanner().SaveState();
-            qualifier += "." + field;
-            keptQualifier += "." + keptField;
+            if (!keptSame || !fieldSame) {
+                if (keptSame)
+                    keptQualifier = qualifier;
+                keptSame = false;
+                keptQualifier += '.';
+                keptQualifier += fieldSame ? field : keptField;
+            }
+            qualifier += '.';
+            qualifier += field;
             field = NameText();
-            keptField = QuotedPartText(field);
+            keepField();
             dotted = true;
             Next();
         }
         // The whole dotted name is looked up once it is read, not once per part.
         if (dotted) {
-            qualifier = TableNameText(DottedNameText(qualifier, keptQualifier));
+            qualifier =
+                TableNameText(keptSame ? qualifier : DottedNameText(qualifier, keptQualifier));
             table = FindTable(qualifier, qualifier);
         }
         if (!table)

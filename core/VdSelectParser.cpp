@@ -607,7 +607,7 @@ void TVdSelectParser::CollectNames(bool ordered)
     if (!ordered)
         grouped.insert(FGroupByItems.Lines().begin(), FGroupByItems.Lines().end());
     auto flush = [&](TVdOrderKind kind) {
-        if (dotted)
+        if (dotted && name != kept)
             name = DottedNameText(name, kept);
         if (ordered) {
             FOrderByItems.AddOrdered(name, kind);
@@ -694,7 +694,11 @@ void TVdSelectParser::CollectNames(bool ordered)
             }
         }
         name += part;
-        kept += star ? part : QuotedPartText(part);
+        // A part without quotes is kept as it reads.
+        if (star || !Scanner().TokenQuoted())
+            kept += part;
+        else
+            kept += QuotedPartText(part);
         expectPart = false;
         Next();
     }
