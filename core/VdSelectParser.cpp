@@ -859,12 +859,10 @@ bool TVdSelectParser::PeekIs(const char* word)
     return match;
 }
 
-bool TVdSelectParser::IsNameKind() const
+bool TVdSelectParser::IsQuotedNameKind() const
 {
     const TTokenKind kind = Kind();
     const TVdSQLScanner& scanner = Scanner();
-    if (!scanner.TokenQuoted())
-        return kind == tkIdent || kind == tkIdentString || kind == tkString;
     // A quoted text is a name unless it is a string that cannot be printed as one. An empty
     // one ("") only where names are quoted: elsewhere (InterBase dialect 1) it prints nothing.
     if (Token().empty())

@@ -151,7 +151,15 @@ protected:
     void Next();
     void RaiseIfUnterminated();
     bool PeekIs(const char* word);
-    bool IsNameKind() const;
+    // Inline for the common token without quotes; a quoted one is weighed out of line.
+    bool IsNameKind() const
+    {
+        if (Scanner().TokenQuoted())
+            return IsQuotedNameKind();
+        const TTokenKind kind = Kind();
+        return kind == tkIdent || kind == tkIdentString || kind == tkString;
+    }
+    bool IsQuotedNameKind() const;
     // A word that ends a table entry of FROM: a keyword, or a join word such as LEFT, which a
     // dialect may know as a function name too.
     bool IsClauseToken() const;
