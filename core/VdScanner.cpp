@@ -411,10 +411,8 @@ void TVdSQLScanner::SetPosition(int p)
         FTokenKind = tkUnknown;
 }
 
-void TVdSQLScanner::EnsureCharClasses()
+void TVdSQLScanner::ReadCharClasses()
 {
-    if (FClassesValid)
-        return;
     for (int i = 0; i < 256; ++i) {
         const char c = char(i);
         std::uint16_t cls = 0;
@@ -622,7 +620,12 @@ const std::string& TVdSQLScanner::GetNextToken()
             FSpaceCount = 0;
         // Outside strings: blanks and the common tokens are read in runs.
         if (!FInString && !FEmptyStringPending) {
-            SkipBlankRun();
+            // Most tokens follow a blank or none; a delimiter follows its token directly.
+            if (FPosition <= FLength) {
+                const char c = FExpression[size_t(FPosition - 1)];
+                if (Has(c, ccSpace) || c == '\r')
+                    SkipBlankRun();
+            }
             FTokenKind = tkUnknown;
             if (ScanPlainToken())
                 return FToken;

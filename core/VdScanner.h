@@ -215,7 +215,13 @@ private:
         ccWordStart = 1024,
         ccWordStop = 2048
     };
-    void EnsureCharClasses();
+    // Inline: every token asks.
+    void EnsureCharClasses()
+    {
+        if (!FClassesValid)
+            ReadCharClasses();
+    }
+    void ReadCharClasses();
     // Both only outside strings (no string open, no empty string pending).
     void SkipBlankRun();
     bool ScanPlainToken();
