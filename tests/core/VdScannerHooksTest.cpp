@@ -289,3 +289,31 @@ TEST(VdScannerHooks, NumbersAndDotsKeepTheirTokens)
     EXPECT_EQ(Scan(plain, "1.5"), last);
     EXPECT_EQ(Scan(derived, "1.5"), last);
 }
+
+namespace {
+
+// '~' is a blank to this scanner: the run of blanks before a token is its to decide.
+class TildeBlankScanner : public TVdSQLScanner
+{
+public:
+    bool IsSpace(char c) const override { return c == '~' || TVdSQLScanner::IsSpace(c); }
+};
+
+} // namespace
+
+TEST(VdScannerHooks, BlankOverrideDecidesTheRunBeforeAToken)
+{
+    TildeBlankScanner s;
+    EXPECT_EQ(
+        Scan(s, "(a~~b~)"),
+        (TKinds{{vd::tkDelim, "("}, {vd::tkIdent, "a"}, {vd::tkIdent, "b"}, {vd::tkDelim, ")"}}));
+    s.SetExpression("(a~~b~)");
+    s.GetNextToken(); // a, right after the "("
+    EXPECT_EQ(s.SpaceCount(), 0);
+    s.GetNextToken(); // b, after two blanks
+    EXPECT_EQ(s.Token(), "b");
+    EXPECT_EQ(s.SpaceCount(), 2);
+    EXPECT_EQ(s.LinePos(), 6);
+    s.GetNextToken(); // ")", after one
+    EXPECT_EQ(s.SpaceCount(), 1);
+}
