@@ -611,25 +611,38 @@ void TVdSQLScanner::RaiseUnterminated() const
     throw EVdParserError(3, FToken, FLineNo, FLinePos - int(FToken.size()));
 }
 
+// Kept small: most tokens are read by the plain path, and the character-by-character rules
+// (strings, comparisons, quotes) live in ScanRest.
 const std::string& TVdSQLScanner::GetNextToken()
 {
     EnsureCharClasses();
+    if (StartToken())
+        return FToken;
+    return ScanRest();
+}
+
+// One round of GetNextToken up to the character rules: true when the plain path read the token.
+bool TVdSQLScanner::StartToken()
+{
+    if (FTokenKind != tkSpace && FTokenKind != tkEol)
+        FSpaceCount = 0;
+    // Outside strings: blanks and the common tokens are read in runs.
+    if (FInString || FEmptyStringPending)
+        return false;
+    // Most tokens follow a blank or none; a delimiter follows its token directly.
+    if (FPosition <= FLength) {
+        const char c = FExpression[size_t(FPosition - 1)];
+        if (Has(c, ccSpace) || c == '\r')
+            SkipBlankRun();
+    }
+    FTokenKind = tkUnknown;
+    return ScanPlainToken();
+}
+
+const std::string& TVdSQLScanner::ScanRest()
+{
     std::string& result = FBuffer;
     for (;;) {
-        if (FTokenKind != tkSpace && FTokenKind != tkEol)
-            FSpaceCount = 0;
-        // Outside strings: blanks and the common tokens are read in runs.
-        if (!FInString && !FEmptyStringPending) {
-            // Most tokens follow a blank or none; a delimiter follows its token directly.
-            if (FPosition <= FLength) {
-                const char c = FExpression[size_t(FPosition - 1)];
-                if (Has(c, ccSpace) || c == '\r')
-                    SkipBlankRun();
-            }
-            FTokenKind = tkUnknown;
-            if (ScanPlainToken())
-                return FToken;
-        }
         FTokenKind = tkUnknown;
         result.clear();
         const bool wasPending = FEmptyStringPending;
@@ -650,6 +663,8 @@ const std::string& TVdSQLScanner::GetNextToken()
         if (kind == tkQuote || kind == tkSpace || kind == tkEol) {
             if (kind != tkQuote)
                 ++FSpaceCount;
+            if (StartToken())
+                return FToken;
             continue;
         }
         if (!FInString && FPosition > 1) {

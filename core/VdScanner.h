@@ -222,6 +222,8 @@ private:
             ReadCharClasses();
     }
     void ReadCharClasses();
+    bool StartToken();
+    const std::string& ScanRest();
     // Both only outside strings (no string open, no empty string pending).
     void SkipBlankRun();
     bool ScanPlainToken();
