@@ -806,12 +806,6 @@ const TVdFieldDef* TVdSelectParser::UngroupedColumn() const
 
 // ---- token helpers ----
 
-void TVdSelectParser::Next()
-{
-    Scanner().GetNextToken();
-    RaiseIfUnterminated();
-}
-
 void TVdSelectParser::RaiseIfUnterminated()
 {
     TVdSQLScanner& scanner = Scanner();

@@ -147,8 +147,14 @@ protected:
         return token.size() == 1 && token[0] == c && !Scanner().TokenQuoted();
     }
     // Reads the next token. A string that runs to the end of the text is reported as
-    // unterminated before its content is looked at.
-    void Next();
+    // unterminated before its content is looked at. Inline: every token passes here.
+    void Next()
+    {
+        TVdSQLScanner& scanner = Scanner();
+        scanner.GetNextToken();
+        if (scanner.InString())
+            RaiseIfUnterminated();
+    }
     void RaiseIfUnterminated();
     bool PeekIs(const char* word);
     // Inline for the common token without quotes; a quoted one is weighed out of line.
