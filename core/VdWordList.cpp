@@ -68,7 +68,9 @@ void TVdWordList::Assign(const TVdWordList& other, bool upperCase)
 inline std::uint32_t TVdWordList::ProbeHash(std::string_view s)
 {
     const size_t n = s.size();
-    auto up = [](char c) { return std::uint32_t(static_cast<unsigned char>(text::UpperChar(c))); };
+    // Bit 5 cleared: a letter and its other case hash alike (so do a few other pairs, which
+    // the full compare tells apart), without a test per character.
+    auto up = [](char c) { return std::uint32_t(static_cast<unsigned char>(c) & 0xDFu); };
     std::uint32_t h = std::uint32_t(n) * 0x9E3779B1u;
     if (n) {
         h ^= up(s[0]) | up(s[n - 1]) << 8 | up(s[n / 2]) << 16 | up(s[n > 1 ? 1 : 0]) << 24;
