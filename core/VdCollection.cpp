@@ -29,7 +29,12 @@ std::string TVdCollectionItem::ProcessFunction(const std::string& name) const
     return FParser ? FParser->ProcessFunction(name) : name;
 }
 
-TVdCollection::TVdCollection(TItemFactory factory) : FFactory(std::move(factory)) {}
+TVdCollection::TVdCollection(TItemMaker maker) : FMaker(maker) {}
+
+TVdCollection::TVdCollection(TItemFactory factory)
+    : FFactory(std::make_unique<TItemFactory>(std::move(factory)))
+{
+}
 
 TVdCollection::~TVdCollection() { Clear(); }
 
@@ -41,7 +46,7 @@ TVdCollectionItem* TVdCollection::InsertItem(int index)
 {
     if (index < 0 || index > int(FItems.size()))
         throw EVdListError(index);
-    std::unique_ptr<TVdCollectionItem> item = FFactory();
+    std::unique_ptr<TVdCollectionItem> item = MakeItem();
     TVdCollectionItem* raw = item.get();
     FItemType = &typeid(*raw);
     raw->FCollection = this;
@@ -58,7 +63,7 @@ TVdCollectionItem* TVdCollection::InsertItem(int index)
 
 std::unique_ptr<TVdCollectionItem> TVdCollection::NewItem()
 {
-    std::unique_ptr<TVdCollectionItem> item = FFactory();
+    std::unique_ptr<TVdCollectionItem> item = MakeItem();
     FItemType = &typeid(*item);
     return item;
 }

@@ -50,9 +50,10 @@ protected:
     void Removing() override;
 
 private:
-    std::string FAlias;
-    int FIndex = -1;
+    // The small members first: they share a word the alias would leave as padding.
     TParamType FParamType = ptResult;
+    int FIndex = -1;
+    std::string FAlias;
 };
 
 // A table's field list.

@@ -50,16 +50,24 @@ public:
     const TVdTableDef* OwnerTable() const;
 
 protected:
+    // First, so it sits in the base's tail padding.
+    TVdFunctionKind FKind = fkUnknown;
     std::string FName;
     std::unique_ptr<TVdFunctionDefs> FArguments;
-    TVdFunctionKind FKind = fkUnknown;
 };
 
 // An argument list or a table's field list; Owner is the item these belong to.
 class TVdFunctionDefs : public TVdCollectionOf<TVdFunctionDef>
 {
 public:
-    explicit TVdFunctionDefs(TVdCollectionItem* owner, TItemFactory factory = nullptr);
+    // Without a maker the items are plain nodes.
+    explicit TVdFunctionDefs(TVdCollectionItem* owner, TItemMaker maker = nullptr);
+    TVdFunctionDefs(TVdCollectionItem* owner, TItemFactory factory);
+    template <class F>
+    requires IsStatelessMaker<F> TVdFunctionDefs(TVdCollectionItem* owner, F)
+        : TVdFunctionDefs(owner, MakerOf<F>())
+    {
+    }
 
     // The items' scripts joined by ", ".
     virtual std::string GetScript() const;

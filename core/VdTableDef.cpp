@@ -318,9 +318,9 @@ std::vector<TVdFieldDef*> TVdTableDefs::FieldsInOrder() const
 {
     std::vector<TVdFieldDef*> ordered(size_t(FFieldCount), nullptr);
     for (int t = 0; t < Count(); ++t) {
-        const TVdFieldDefs& fields = Items(t)->FieldDefs();
-        for (int f = 0; f < fields.Count(); ++f) {
-            TVdFieldDef* field = fields.Items(f);
+        const TVdFieldDefs* fields = Items(t)->FieldList();
+        for (int f = 0, n = fields ? fields->Count() : 0; f < n; ++f) {
+            TVdFieldDef* field = fields->Items(f);
             const int index = field->FieldIndex();
             if (index >= 0 && index < FFieldCount && !ordered[size_t(index)])
                 ordered[size_t(index)] = field;
@@ -332,10 +332,10 @@ std::vector<TVdFieldDef*> TVdTableDefs::FieldsInOrder() const
 TVdFieldDef* TVdTableDefs::GetFieldDefs(int index) const
 {
     for (int t = 0; t < Count(); ++t) {
-        const TVdFieldDefs& fields = Items(t)->FieldDefs();
-        for (int f = 0; f < fields.Count(); ++f)
-            if (fields.Items(f)->FieldIndex() == index)
-                return fields.Items(f);
+        const TVdFieldDefs* fields = Items(t)->FieldList();
+        for (int f = 0, n = fields ? fields->Count() : 0; f < n; ++f)
+            if (fields->Items(f)->FieldIndex() == index)
+                return fields->Items(f);
     }
     return nullptr;
 }
@@ -343,9 +343,9 @@ TVdFieldDef* TVdTableDefs::GetFieldDefs(int index) const
 bool TVdTableDefs::IsTableJoined(const TVdTableDef& table) const
 {
     for (int t = 0; t < Count(); ++t) {
-        const TVdJoinDefs& joins = Items(t)->JoinDefs();
-        for (int j = 0; j < joins.Count(); ++j)
-            if (joins.Items(j)->JoinTable == table.Alias())
+        const TVdJoinDefs* joins = Items(t)->JoinList();
+        for (int j = 0, n = joins ? joins->Count() : 0; j < n; ++j)
+            if (joins->Items(j)->JoinTable == table.Alias())
                 return true;
     }
     return false;
@@ -398,9 +398,9 @@ bool TVdTableDefs::JoinsReach(const TVdTableDef& from, const TVdTableDef& to) co
         pending.pop_back();
         if (table == &to)
             return true;
-        const TVdJoinDefs& joins = table->JoinDefs();
-        for (int j = 0; j < joins.Count(); ++j) {
-            const TVdTableDef* joined = FindByAlias(joins.Items(j)->JoinTable);
+        const TVdJoinDefs* joins = table->JoinList();
+        for (int j = 0, n = joins ? joins->Count() : 0; j < n; ++j) {
+            const TVdTableDef* joined = FindByAlias(joins->Items(j)->JoinTable);
             if (joined && seen.Insert(joined))
                 pending.push_back(joined);
         }
@@ -410,7 +410,7 @@ bool TVdTableDefs::JoinsReach(const TVdTableDef& from, const TVdTableDef& to) co
 
 void TVdTableDefs::AppendJoins(const TVdTableDef& root, std::string& out) const
 {
-    if (root.JoinDefs().Count() == 0)
+    if (!root.JoinList() || root.JoinList()->Count() == 0)
         return;
     TVdJoinWalk(*this, false).Append(root, out);
 }
@@ -560,9 +560,9 @@ void TVdTableDefs::FieldRemoved(TVdFieldDef& field)
 
 void TVdTableDefs::FieldsRemoved(TVdTableDef& table)
 {
-    const TVdFieldDefs& fields = table.FieldDefs();
-    if (fields.Count() == 0)
+    if (!table.FieldList() || table.FieldList()->Count() == 0)
         return;
+    const TVdFieldDefs& fields = *table.FieldList();
     std::vector<int> removed;
     removed.reserve(size_t(fields.Count()));
     for (int f = 0; f < fields.Count(); ++f) {
@@ -579,9 +579,9 @@ void TVdTableDefs::DecrementIndexes(std::vector<int> removed, const TVdTableDef*
     std::sort(removed.begin(), removed.end());
     for (int t = 0; t < Count(); ++t) {
         TVdTableDef* table = Items(t);
-        if (table == skip)
+        if (table == skip || !table->FieldList())
             continue;
-        TVdFieldDefs& fields = table->FieldDefs();
+        const TVdFieldDefs& fields = *table->FieldList();
         for (int f = 0; f < fields.Count(); ++f) {
             TVdFieldDef* field = fields.Items(f);
             const int index = field->FieldIndex();
@@ -609,11 +609,13 @@ void TVdTableDefs::Clearing()
 void TVdTableDefs::UpdateJoins()
 {
     for (int t = 0; t < Count(); ++t) {
+        if (!Items(t)->JoinList())
+            continue;
         TVdJoinDefs& joins = Items(t)->JoinDefs();
         for (int j = joins.Count() - 1; j >= 0; --j) {
             const TVdJoinDef* join = joins.Items(j);
             const TVdTableDef* joined = FindByAliasOrName(join->JoinTable);
-            const TVdFieldDefs* fields = joined ? &joined->FieldDefs() : nullptr;
+            const TVdFieldDefs* fields = joined ? joined->FieldList() : nullptr;
             if (!fields ||
                 (!fields->FindByAlias(join->JoinField) && !fields->FindByName(join->JoinField)))
                 joins.Delete(j);
@@ -624,7 +626,9 @@ void TVdTableDefs::UpdateJoins()
 void TVdTableDefs::UpdateFieldAliases()
 {
     for (int t = 0; t < Count(); ++t) {
-        TVdFieldDefs& fields = Items(t)->FieldDefs();
+        if (!Items(t)->FieldList())
+            continue;
+        const TVdFieldDefs& fields = *Items(t)->FieldList();
         std::unordered_map<std::string, int> aliases;
         for (int f = 0; f < fields.Count(); ++f)
             ++aliases[fields.Items(f)->Alias()];
@@ -653,7 +657,9 @@ void TVdTableDefs::UpdateTableAlias(const std::string& oldAlias, const std::stri
     if (FJoinCount == 0)
         return;
     for (int t = 0; t < Count(); ++t) {
-        TVdJoinDefs& joins = Items(t)->JoinDefs();
+        if (!Items(t)->JoinList())
+            continue;
+        const TVdJoinDefs& joins = *Items(t)->JoinList();
         for (int j = 0; j < joins.Count(); ++j)
             if (joins.Items(j)->JoinTable == oldAlias)
                 joins.Items(j)->JoinTable = newAlias;

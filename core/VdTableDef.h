@@ -46,6 +46,10 @@ public:
     const TVdFieldDefs& FieldDefs() const;
     TVdJoinDefs& JoinDefs();
     const TVdJoinDefs& JoinDefs() const;
+    // The lists if they have been made, else null (then empty): for readers, which need not
+    // make them.
+    const TVdFieldDefs* FieldList() const { return FFieldDefs.get(); }
+    const TVdJoinDefs* JoinList() const { return FJoinDefs.get(); }
 
     // The processed name, a procedure's argument list and the processed alias: the text that
     // stands for the table in FROM and after JOIN.
@@ -68,11 +72,12 @@ private:
     // a table that had no alias yet (and looking would make a long FROM cost its square).
     void SetKeys(const std::string& name, const std::string& alias);
 
+    // First, so it sits in the base's tail padding.
+    TVdTableDefType FTableType = qttTable;
     std::string FAlias;
     mutable std::unique_ptr<TVdFieldDefs> FFieldDefs;
     mutable std::unique_ptr<TVdJoinDefs> FJoinDefs;
     std::string FName;
-    TVdTableDefType FTableType = qttTable;
 };
 
 // The tables of a statement. Keeps the statement-wide field order and the set of field
