@@ -32,11 +32,16 @@ std::string TVdCollectionItem::ProcessFunction(const std::string& name) const
 TVdCollection::TVdCollection(TItemMaker maker) : FMaker(maker) {}
 
 TVdCollection::TVdCollection(TItemFactory factory)
-    : FFactory(std::make_unique<TItemFactory>(std::move(factory)))
+    : FFactory(new TItemFactory(std::move(factory))), FOwnsFactory(true)
 {
 }
 
-TVdCollection::~TVdCollection() { Clear(); }
+TVdCollection::~TVdCollection()
+{
+    Clear();
+    if (FOwnsFactory)
+        delete FFactory;
+}
 
 void TVdCollection::RaiseIndex(int index) { throw EVdListError(index); }
 

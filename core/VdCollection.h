@@ -138,18 +138,22 @@ private:
     void Renumber(size_t from);
     std::unique_ptr<TVdCollectionItem> MakeItem() const
     {
-        return FMaker ? FMaker() : (*FFactory)();
+        return FOwnsFactory ? (*FFactory)() : FMaker();
     }
     [[noreturn]] static void RaiseIndex(int index);
 
-    TItemMaker FMaker = nullptr;
-    // Only for a factory with state.
-    std::unique_ptr<TItemFactory> FFactory;
+    // One word for either: a statement holds dozens of lists. A factory with state is owned
+    // (FOwnsFactory) and deleted with the collection.
+    union {
+        TItemMaker FMaker;
+        TItemFactory* FFactory;
+    };
     // The class of the items the factory makes, once it has made one.
     const std::type_info* FItemType = nullptr;
     std::vector<std::unique_ptr<TVdCollectionItem>> FItems;
     TVdSelectParser* FParser = nullptr;
     int FUpdateCount = 0;
+    bool FOwnsFactory = false;
 };
 
 // Typed access over TVdCollection for a known item class.
