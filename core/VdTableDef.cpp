@@ -425,8 +425,14 @@ std::string TVdTableDefs::GetTableScript(const TVdTableDef& table) const
 
 void TVdTableDefs::AppendScript(std::string& out, size_t& listSize) const
 {
+    AppendScript(out, listSize, FieldsInOrder());
+}
+
+void TVdTableDefs::AppendScript(std::string& out, size_t& listSize,
+                                const std::vector<TVdFieldDef*>& fields) const
+{
     const size_t listStart = out.size();
-    for (const TVdFieldDef* field : FieldsInOrder()) {
+    for (const TVdFieldDef* field : fields) {
         if (!field || field->IsInputParam())
             continue;
         // A field that prints nothing takes no line.

@@ -100,6 +100,9 @@ public:
     // What GetScript(selectList) of this class returns, appended to out; listSize is the
     // length of the select list in it. Nothing is appended where GetScript gives "".
     void AppendScript(std::string& out, size_t& listSize) const;
+    // The same for the fields in order (FieldsInOrder) already at hand.
+    void AppendScript(std::string& out, size_t& listSize,
+                      const std::vector<TVdFieldDef*>& fields) const;
     // name, or name1, name2, ... when forced or while another field has that alias.
     std::string GetUniqueAlias(const std::string& name, bool force);
     bool IsTableJoined(const TVdTableDef& table) const;
