@@ -179,9 +179,13 @@ void TVdCollection::Clear()
     if (FItems.empty())
         return;
     Clearing();
+    // The items go while the list is already empty; the buffer comes back for the next fill
+    // (a parser reused for statement after statement refills the same lists).
     std::vector<std::unique_ptr<TVdCollectionItem>> items;
     items.swap(FItems);
     items.clear();
+    if (FItems.empty())
+        FItems.swap(items);
 }
 
 void TVdCollection::Assign(const TVdCollection& source)

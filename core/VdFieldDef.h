@@ -50,6 +50,9 @@ protected:
     void Removing() override;
 
 private:
+    // SetAlias for the collection TableDefs gives.
+    void SetAliasIn(TVdTableDefs* tables, const std::string& alias);
+
     // The small members first: they share a word the alias would leave as padding.
     TParamType FParamType = ptResult;
     int FIndex = -1;

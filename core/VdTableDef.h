@@ -105,6 +105,8 @@ public:
                       const std::vector<TVdFieldDef*>& fields) const;
     // name, or name1, name2, ... when forced or while another field has that alias.
     std::string GetUniqueAlias(const std::string& name, bool force);
+    // Whether a field of these tables has the alias.
+    bool IsAliasUsed(const std::string& alias) const { return AliasUsed(alias); }
     bool IsTableJoined(const TVdTableDef& table) const;
     // Whether from, or a table its joins join, directly or further on, is to.
     bool JoinsReach(const TVdTableDef& from, const TVdTableDef& to) const;
