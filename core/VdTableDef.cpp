@@ -246,12 +246,16 @@ void TVdTableDefs::EnsureLookup() const
 {
     if (FLookupValid)
         return;
-    FByAlias.clear();
-    FByName.clear();
+    if (FLookups) {
+        FLookups->ByAlias.clear();
+        FLookups->ByName.clear();
+    } else {
+        FLookups = std::make_unique<TLookups>();
+    }
     for (int i = 0; i < Count(); ++i) {
         TVdTableDef* table = Items(i);
-        FByAlias[table->Alias()].insert(table);
-        FByName[table->Name()].insert(table);
+        FLookups->ByAlias[table->Alias()].insert(table);
+        FLookups->ByName[table->Name()].insert(table);
     }
     FLookupValid = true;
 }
@@ -260,16 +264,16 @@ void TVdTableDefs::TableAdded(TVdTableDef& table)
 {
     if (!FLookupValid)
         return;
-    LookupInsert(FByAlias, table.Alias(), &table);
-    LookupInsert(FByName, table.Name(), &table);
+    LookupInsert(FLookups->ByAlias, table.Alias(), &table);
+    LookupInsert(FLookups->ByName, table.Name(), &table);
 }
 
 void TVdTableDefs::TableRemoving(TVdTableDef& table)
 {
     if (!FLookupValid)
         return;
-    LookupErase(FByAlias, table.Alias(), &table);
-    LookupErase(FByName, table.Name(), &table);
+    LookupErase(FLookups->ByAlias, table.Alias(), &table);
+    LookupErase(FLookups->ByName, table.Name(), &table);
 }
 
 void TVdTableDefs::TableKeyChanged(TVdTableDef& table, bool alias, const std::string& oldKey,
@@ -277,7 +281,7 @@ void TVdTableDefs::TableKeyChanged(TVdTableDef& table, bool alias, const std::st
 {
     if (!FLookupValid)
         return;
-    TLookup& lookup = alias ? FByAlias : FByName;
+    TLookup& lookup = alias ? FLookups->ByAlias : FLookups->ByName;
     LookupErase(lookup, oldKey, &table);
     LookupInsert(lookup, newKey, &table);
 }
@@ -297,7 +301,7 @@ TVdTableDef* TVdTableDefs::FindByName(const std::string& name) const
     if (!FLookupValid && Count() <= LinearLookupLimit)
         return ScanFor(false, name);
     EnsureLookup();
-    return LookupFind(FByName, name);
+    return LookupFind(FLookups->ByName, name);
 }
 
 TVdTableDef* TVdTableDefs::FindByAlias(const std::string& alias) const
@@ -305,7 +309,7 @@ TVdTableDef* TVdTableDefs::FindByAlias(const std::string& alias) const
     if (!FLookupValid && Count() <= LinearLookupLimit)
         return ScanFor(true, alias);
     EnsureLookup();
-    return LookupFind(FByAlias, alias);
+    return LookupFind(FLookups->ByAlias, alias);
 }
 
 TVdTableDef* TVdTableDefs::FindByAliasOrName(const std::string& text) const
@@ -606,8 +610,10 @@ void TVdTableDefs::Clearing()
     FAliasCount.Clear();
     FEmptyAliases = 0;
     FCounterHint.Clear();
-    FByAlias.clear();
-    FByName.clear();
+    if (FLookups) {
+        FLookups->ByAlias.clear();
+        FLookups->ByName.clear();
+    }
     // Built again when a statement holds more tables than a scan serves well.
     FLookupValid = false;
 }

@@ -160,8 +160,13 @@ private:
     // the lookup is built only once a statement has more.
     static constexpr int LinearLookupLimit = 16;
     TVdTableDef* ScanFor(bool alias, const std::string& key) const;
-    mutable TLookup FByAlias;
-    mutable TLookup FByName;
+    // Made only for a statement with that many tables: most statements never need them.
+    struct TLookups {
+        TLookup ByAlias;
+        TLookup ByName;
+    };
+    mutable std::unique_ptr<TLookups> FLookups;
+    // Only while FLookups is made.
     mutable bool FLookupValid = false;
 
     int FFieldCount = 0;

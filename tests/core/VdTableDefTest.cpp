@@ -692,3 +692,25 @@ TEST(VdTableDefs, CustomerDbTableIsQuotedAsOneName)
 }
 
 // ---- GROUP BY ----
+
+TEST(VdTableDefs, ManyTablesAndAliasesAreFoundAgainAfterAClear)
+{
+    TVdSelectParser p;
+    // More tables than a scan serves and more aliases than the short list holds: the lookups
+    // made for them are dropped with the tables and made again.
+    for (int round = 0; round < 2; ++round) {
+        for (int t = 0; t < 40; ++t) {
+            TVdTableDef* table = AddTable(p, "T" + std::to_string(t), "A" + std::to_string(t));
+            AddField(*table, "F");
+        }
+        EXPECT_MODEL_OK(p);
+        EXPECT_EQ(p.TableDefs().FindByAlias("A33")->Name(), "T33");
+        EXPECT_EQ(p.TableDefs().FindByName("T7")->Alias(), "A7");
+        EXPECT_EQ(p.TableDefs().GetUniqueAlias("F", false), "F40");
+        EXPECT_TRUE(p.TableDefs().IsAliasUsed("F39"));
+        EXPECT_FALSE(p.TableDefs().IsAliasUsed("F40"));
+        p.TableDefs().Clear();
+        EXPECT_EQ(p.TableDefs().FindByAlias("A33"), nullptr);
+        EXPECT_FALSE(p.TableDefs().IsAliasUsed("F1"));
+    }
+}
