@@ -194,6 +194,8 @@ void TVdCollection::Assign(const TVdCollection& source)
         return;
     BeginUpdate();
     Clear();
+    // The count is known: room for exactly that many (InsertItem would make room for four).
+    FItems.reserve(source.FItems.size());
     for (const auto& item : source.FItems)
         AddItem()->Assign(*item);
     EndUpdate();

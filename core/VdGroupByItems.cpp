@@ -53,6 +53,7 @@ TVdGroupByItems::DerivedFields(const std::vector<TVdFieldDef*>& fields) const
     }
     if (!aggregates || !plain)
         return derived;
+    derived.reserve(fields.size());
     for (const TVdFieldDef* field : fields)
         if (field && !field->IsInputParam() && field->Kind() == fkIdentifier &&
             !parser->Aggregates().Contains(field->Name()))

@@ -390,23 +390,51 @@ private:
     std::optional<std::unordered_set<T>> FSpill;
 };
 
+// A stack that holds its first sixteen values without the heap.
+template <class T> class TSmallStack
+{
+public:
+    bool Empty() const { return FCount == 0 && FSpill.empty(); }
+    void Push(const T& value)
+    {
+        if (FSpill.empty() && FCount < FInline.size())
+            FInline[FCount++] = value;
+        else
+            FSpill.push_back(value);
+    }
+    T Pop()
+    {
+        if (!FSpill.empty()) {
+            T value = FSpill.back();
+            FSpill.pop_back();
+            return value;
+        }
+        return FInline[--FCount];
+    }
+
+private:
+    std::array<T, 16> FInline{};
+    size_t FCount = 0;
+    std::vector<T> FSpill;
+};
+
 } // namespace
 
 bool TVdTableDefs::JoinsReach(const TVdTableDef& from, const TVdTableDef& to) const
 {
     TSmallSet<const TVdTableDef*> seen;
     seen.Insert(&from);
-    std::vector<const TVdTableDef*> pending{&from};
-    while (!pending.empty()) {
-        const TVdTableDef* table = pending.back();
-        pending.pop_back();
+    TSmallStack<const TVdTableDef*> pending;
+    pending.Push(&from);
+    while (!pending.Empty()) {
+        const TVdTableDef* table = pending.Pop();
         if (table == &to)
             return true;
         const TVdJoinDefs* joins = table->JoinList();
         for (int j = 0, n = joins ? joins->Count() : 0; j < n; ++j) {
             const TVdTableDef* joined = FindByAlias(joins->Items(j)->JoinTable);
             if (joined && seen.Insert(joined))
-                pending.push_back(joined);
+                pending.Push(joined);
         }
     }
     return false;

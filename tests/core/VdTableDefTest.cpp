@@ -714,3 +714,20 @@ TEST(VdTableDefs, ManyTablesAndAliasesAreFoundAgainAfterAClear)
         EXPECT_FALSE(p.TableDefs().IsAliasUsed("F1"));
     }
 }
+
+TEST(VdTableDefs, JoinsReachThroughMoreTablesThanTheInlineStackHolds)
+{
+    TVdSelectParser p;
+    std::vector<TVdTableDef*> tables;
+    for (int t = 0; t < 40; ++t) {
+        tables.push_back(AddTable(p, "T" + std::to_string(t), "A" + std::to_string(t)));
+        AddField(*tables.back(), "ID");
+    }
+    // A0 joins A1..A39 at once (forty pending at one time), and A39 joins nothing.
+    for (int t = 1; t < 40; ++t)
+        AddJoin(*tables[0], "ID", "A" + std::to_string(t), "ID");
+    EXPECT_TRUE(p.TableDefs().JoinsReach(*tables[0], *tables[39]));
+    EXPECT_TRUE(p.TableDefs().JoinsReach(*tables[0], *tables[1]));
+    EXPECT_FALSE(p.TableDefs().JoinsReach(*tables[39], *tables[0]));
+    EXPECT_FALSE(p.TableDefs().JoinsReach(*tables[5], *tables[6]));
+}
