@@ -58,6 +58,7 @@ public:
                 return;
             }
     }
+    bool Empty() const { return FMap ? FMap->empty() : FList.empty(); }
     void Clear()
     {
         FList.clear();

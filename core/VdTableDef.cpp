@@ -262,6 +262,9 @@ void TVdTableDefs::EnsureLookup() const
 
 void TVdTableDefs::TableAdded(TVdTableDef& table)
 {
+    // A look over the fields walks every table: a long FROM list has its aliases counted.
+    if (!FCounting && Count() > AliasScanLimit)
+        StartCounting();
     if (!FLookupValid)
         return;
     LookupInsert(FLookups->ByAlias, table.Alias(), &table);
@@ -531,6 +534,15 @@ std::string TVdTableDefs::GetScript() const
 
 bool TVdTableDefs::AliasUsed(const std::string& alias) const
 {
+    if (!FCounting) {
+        for (int t = 0; t < Count(); ++t) {
+            const TVdFieldDefs* fields = Items(t)->FieldList();
+            for (int f = 0, n = fields ? fields->Count() : 0; f < n; ++f)
+                if (fields->Items(f)->Alias() == alias)
+                    return true;
+        }
+        return false;
+    }
     if (alias.empty())
         return FEmptyAliases > 0;
     const int* count = FAliasCount.Find(alias);
@@ -539,6 +551,13 @@ bool TVdTableDefs::AliasUsed(const std::string& alias) const
 
 void TVdTableDefs::CountAlias(const std::string& alias, int delta)
 {
+    if (!FCounting) {
+        // Whether another field still holds the alias is not known: the hints it may have
+        // bounded go (they only shorten a search, so the aliases found stay the same).
+        if (delta < 0)
+            ForgetCounterHints(alias);
+        return;
+    }
     if (alias.empty()) {
         FEmptyAliases += delta;
         return;
@@ -554,10 +573,29 @@ void TVdTableDefs::CountAlias(const std::string& alias, int delta)
     if (*count > 0)
         return;
     FAliasCount.Erase(alias);
+    ForgetCounterHints(alias);
+}
+
+void TVdTableDefs::ForgetCounterHints(const std::string& alias)
+{
+    if (FCounterHint.Empty())
+        return;
     // A freed name1, name2, ... may be the lowest free counter of name again.
     for (size_t i = alias.size(); i > 0 && std::isdigit(static_cast<unsigned char>(alias[i - 1]));
          --i)
         FCounterHint.Erase(alias.substr(0, i - 1));
+}
+
+void TVdTableDefs::StartCounting()
+{
+    FCounting = true;
+    FAliasCount.Clear();
+    FEmptyAliases = 0;
+    for (int t = 0; t < Count(); ++t) {
+        const TVdFieldDefs* fields = Items(t)->FieldList();
+        for (int f = 0, n = fields ? fields->Count() : 0; f < n; ++f)
+            CountAlias(fields->Items(f)->Alias(), +1);
+    }
 }
 
 std::string TVdTableDefs::GetUniqueAlias(const std::string& name, bool force)
@@ -586,7 +624,11 @@ void TVdTableDefs::FieldAdded(TVdFieldDef& field)
 {
     ++FFieldCount;
     field.SetFieldIndex(FFieldCount - 1);
-    CountAlias(field.Alias(), +1);
+    // The field stands in its list already: counting from scratch counts it too.
+    if (!FCounting && FFieldCount > AliasScanLimit)
+        StartCounting();
+    else
+        CountAlias(field.Alias(), +1);
 }
 
 void TVdTableDefs::FieldRemoved(TVdFieldDef& field)
@@ -637,6 +679,7 @@ void TVdTableDefs::Clearing()
     FJoinCount = 0;
     FAliasCount.Clear();
     FEmptyAliases = 0;
+    FCounting = false;
     FCounterHint.Clear();
     if (FLookups) {
         FLookups->ByAlias.clear();

@@ -174,9 +174,17 @@ private:
     // when there are any, so a long FROM list without joins is read in linear time.
     int FJoinCount = 0;
     // How many fields hold each alias; the empty alias of every new field is counted apart.
+    // Up to this many fields and tables a look over the fields answers whether an alias is
+    // taken as soon as counts would, and costs no copy of every alias: the counts are kept
+    // only beyond.
+    static constexpr int AliasScanLimit = 32;
+    bool FCounting = false;
     TVdNameCounts FAliasCount;
     int FEmptyAliases = 0;
     void CountAlias(const std::string& alias, int delta);
+    void ForgetCounterHints(const std::string& alias);
+    // Counts the aliases of every field, from now on kept up to date.
+    void StartCounting();
     TVdNameCounts FCounterHint;
 };
 

@@ -731,3 +731,23 @@ TEST(VdTableDefs, JoinsReachThroughMoreTablesThanTheInlineStackHolds)
     EXPECT_FALSE(p.TableDefs().JoinsReach(*tables[39], *tables[0]));
     EXPECT_FALSE(p.TableDefs().JoinsReach(*tables[5], *tables[6]));
 }
+
+TEST(VdTableDefs, FreedGeneratedAliasIsFoundAgainWithFewAndManyFields)
+{
+    // Few fields are looked over, many are counted: both find the same aliases.
+    for (const int count : {10, 40}) {
+        TVdSelectParser p;
+        TVdTableDef* table = AddTable(p, "T");
+        for (int f = 0; f < count; ++f)
+            AddField(*table, "X");
+        EXPECT_EQ(table->FieldDefs().Items(3)->Alias(), "X3");
+        EXPECT_EQ(p.TableDefs().GetUniqueAlias("X", true), "X" + std::to_string(count));
+        table->FieldDefs().Delete(3);
+        EXPECT_EQ(p.TableDefs().GetUniqueAlias("X", true), "X3") << count;
+        table->FieldDefs().Items(4)->SetAlias("Y");
+        EXPECT_EQ(p.TableDefs().GetUniqueAlias("X", false), "X3") << count;
+        EXPECT_TRUE(p.TableDefs().IsAliasUsed("Y")) << count;
+        EXPECT_FALSE(p.TableDefs().IsAliasUsed("X5")) << count;
+        EXPECT_MODEL_OK(p);
+    }
+}
