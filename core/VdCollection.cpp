@@ -29,9 +29,19 @@ std::string TVdCollectionItem::ProcessFunction(const std::string& name) const
     return FParser ? FParser->ProcessFunction(name) : name;
 }
 
-TVdCollection::TVdCollection(TItemFactory factory) : FFactory(std::move(factory)) {}
+TVdCollection::TVdCollection(TItemMaker maker) : FMaker(maker) {}
 
-TVdCollection::~TVdCollection() { Clear(); }
+TVdCollection::TVdCollection(TItemFactory factory)
+    : FFactory(new TItemFactory(std::move(factory))), FOwnsFactory(true)
+{
+}
+
+TVdCollection::~TVdCollection()
+{
+    Clear();
+    if (FOwnsFactory)
+        delete FFactory;
+}
 
 void TVdCollection::RaiseIndex(int index) { throw EVdListError(index); }
 
@@ -41,7 +51,7 @@ TVdCollectionItem* TVdCollection::InsertItem(int index)
 {
     if (index < 0 || index > int(FItems.size()))
         throw EVdListError(index);
-    std::unique_ptr<TVdCollectionItem> item = FFactory();
+    std::unique_ptr<TVdCollectionItem> item = MakeItem();
     TVdCollectionItem* raw = item.get();
     FItemType = &typeid(*raw);
     raw->FCollection = this;
@@ -58,7 +68,7 @@ TVdCollectionItem* TVdCollection::InsertItem(int index)
 
 std::unique_ptr<TVdCollectionItem> TVdCollection::NewItem()
 {
-    std::unique_ptr<TVdCollectionItem> item = FFactory();
+    std::unique_ptr<TVdCollectionItem> item = MakeItem();
     FItemType = &typeid(*item);
     return item;
 }
@@ -169,9 +179,13 @@ void TVdCollection::Clear()
     if (FItems.empty())
         return;
     Clearing();
+    // The items go while the list is already empty; the buffer comes back for the next fill
+    // (a parser reused for statement after statement refills the same lists).
     std::vector<std::unique_ptr<TVdCollectionItem>> items;
     items.swap(FItems);
     items.clear();
+    if (FItems.empty())
+        FItems.swap(items);
 }
 
 void TVdCollection::Assign(const TVdCollection& source)
@@ -180,6 +194,8 @@ void TVdCollection::Assign(const TVdCollection& source)
         return;
     BeginUpdate();
     Clear();
+    // The count is known: room for exactly that many (InsertItem would make room for four).
+    FItems.reserve(source.FItems.size());
     for (const auto& item : source.FItems)
         AddItem()->Assign(*item);
     EndUpdate();

@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <typeinfo>
 #include <vector>
 
@@ -53,8 +54,28 @@ class TVdCollection
 {
 public:
     using TItemFactory = std::function<std::unique_ptr<TVdCollectionItem>()>;
+    // A factory without state: kept as a plain pointer, so a collection costs no std::function
+    // (a statement holds dozens of lists).
+    using TItemMaker = std::unique_ptr<TVdCollectionItem> (*)();
 
+    // A lambda without captures, making some item class.
+    template <class F>
+    static constexpr bool IsStatelessMaker =
+        std::is_empty_v<F>&& std::is_default_constructible_v<F>&&
+            std::is_convertible_v<std::invoke_result_t<F>, std::unique_ptr<TVdCollectionItem>>;
+    // The maker that calls such a lambda.
+    template <class F> static TItemMaker MakerOf()
+    {
+        return []() -> std::unique_ptr<TVdCollectionItem> { return F{}(); };
+    }
+
+    explicit TVdCollection(TItemMaker maker);
     explicit TVdCollection(TItemFactory factory);
+    // A lambda without captures goes the cheap way.
+    template <class F>
+    requires IsStatelessMaker<F>
+    explicit TVdCollection(F) : TVdCollection(MakerOf<F>()) {}
+
     virtual ~TVdCollection();
     TVdCollection(const TVdCollection&) = delete;
     TVdCollection& operator=(const TVdCollection&) = delete;
@@ -115,14 +136,24 @@ protected:
 
 private:
     void Renumber(size_t from);
+    std::unique_ptr<TVdCollectionItem> MakeItem() const
+    {
+        return FOwnsFactory ? (*FFactory)() : FMaker();
+    }
     [[noreturn]] static void RaiseIndex(int index);
 
-    TItemFactory FFactory;
+    // One word for either: a statement holds dozens of lists. A factory with state is owned
+    // (FOwnsFactory) and deleted with the collection.
+    union {
+        TItemMaker FMaker;
+        TItemFactory* FFactory;
+    };
     // The class of the items the factory makes, once it has made one.
     const std::type_info* FItemType = nullptr;
     std::vector<std::unique_ptr<TVdCollectionItem>> FItems;
     TVdSelectParser* FParser = nullptr;
     int FUpdateCount = 0;
+    bool FOwnsFactory = false;
 };
 
 // Typed access over TVdCollection for a known item class.

@@ -188,6 +188,11 @@ std::string TVdCriterion::GetScript() const
 
 // ---- TVdCriterions ----
 
+TVdCriterions::TVdCriterions(TVdCriterion* owner, TItemMaker maker)
+    : TVdCollectionOf<TVdCriterion>(maker), FOwner(owner)
+{
+}
+
 TVdCriterions::TVdCriterions(TVdCriterion* owner, TItemFactory factory)
     : TVdCollectionOf<TVdCriterion>(std::move(factory)), FOwner(owner)
 {

@@ -60,7 +60,13 @@ private:
 class TVdCriterions : public TVdCollectionOf<TVdCriterion>
 {
 public:
+    TVdCriterions(TVdCriterion* owner, TItemMaker maker);
     TVdCriterions(TVdCriterion* owner, TItemFactory factory);
+    template <class F>
+    requires IsStatelessMaker<F> TVdCriterions(TVdCriterion* owner, F)
+        : TVdCriterions(owner, MakerOf<F>())
+    {
+    }
     void Assign(const TVdCollection& source) override;
     // The group text; a top-level list ends with a line break.
     virtual std::string GetScript() const;

@@ -40,11 +40,13 @@ void TVdFieldDef::Removing()
         tables->FieldRemoved(*this);
 }
 
-void TVdFieldDef::SetAlias(const std::string& alias)
+void TVdFieldDef::SetAlias(const std::string& alias) { SetAliasIn(TableDefs(), alias); }
+
+void TVdFieldDef::SetAliasIn(TVdTableDefs* tables, const std::string& alias)
 {
     if (alias == FAlias)
         return;
-    if (TVdTableDefs* tables = TableDefs())
+    if (tables)
         tables->AliasChanged(FAlias, alias);
     FAlias = alias;
 }
@@ -92,8 +94,15 @@ std::string TVdFieldDef::GetScript() const
 
 void TVdFieldDef::SetName(const std::string& name)
 {
-    if (FAlias == FName)
-        SetAlias(GenerateAlias(name, false));
+    if (FAlias == FName) {
+        TVdTableDefs* tables = TableDefs();
+        // What GenerateAlias gives where no other field holds the name, taken without the
+        // copy it returns.
+        if (tables && typeid(*this) == typeid(TVdFieldDef) && !tables->IsAliasUsed(name))
+            SetAliasIn(tables, name);
+        else
+            SetAlias(GenerateAlias(name, false));
+    }
     TVdFunctionDef::SetName(name);
 }
 

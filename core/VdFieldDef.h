@@ -50,9 +50,13 @@ protected:
     void Removing() override;
 
 private:
-    std::string FAlias;
-    int FIndex = -1;
+    // SetAlias for the collection TableDefs gives.
+    void SetAliasIn(TVdTableDefs* tables, const std::string& alias);
+
+    // The small members first: they share a word the alias would leave as padding.
     TParamType FParamType = ptResult;
+    int FIndex = -1;
+    std::string FAlias;
 };
 
 // A table's field list.

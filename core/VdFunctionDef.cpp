@@ -157,9 +157,19 @@ void TVdFunctionDef::Assign(const TVdCollectionItem& source)
         FArguments->Clear();
 }
 
+namespace {
+
+std::unique_ptr<TVdCollectionItem> MakeNode() { return std::make_unique<TVdFunctionDef>(); }
+
+} // namespace
+
+TVdFunctionDefs::TVdFunctionDefs(TVdCollectionItem* owner, TItemMaker maker)
+    : TVdCollectionOf<TVdFunctionDef>(maker ? maker : &MakeNode), FOwner(owner)
+{
+}
+
 TVdFunctionDefs::TVdFunctionDefs(TVdCollectionItem* owner, TItemFactory factory)
-    : TVdCollectionOf<TVdFunctionDef>(factory ? std::move(factory)
-                                              : [] { return std::make_unique<TVdFunctionDef>(); }),
+    : TVdCollectionOf<TVdFunctionDef>(factory ? std::move(factory) : TItemFactory(&MakeNode)),
       FOwner(owner)
 {
 }

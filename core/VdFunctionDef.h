@@ -50,16 +50,24 @@ public:
     const TVdTableDef* OwnerTable() const;
 
 protected:
+    // First, so it sits in the base's tail padding.
+    TVdFunctionKind FKind = fkUnknown;
     std::string FName;
     std::unique_ptr<TVdFunctionDefs> FArguments;
-    TVdFunctionKind FKind = fkUnknown;
 };
 
 // An argument list or a table's field list; Owner is the item these belong to.
 class TVdFunctionDefs : public TVdCollectionOf<TVdFunctionDef>
 {
 public:
-    explicit TVdFunctionDefs(TVdCollectionItem* owner, TItemFactory factory = nullptr);
+    // Without a maker the items are plain nodes.
+    explicit TVdFunctionDefs(TVdCollectionItem* owner, TItemMaker maker = nullptr);
+    TVdFunctionDefs(TVdCollectionItem* owner, TItemFactory factory);
+    template <class F>
+    requires IsStatelessMaker<F> TVdFunctionDefs(TVdCollectionItem* owner, F)
+        : TVdFunctionDefs(owner, MakerOf<F>())
+    {
+    }
 
     // The items' scripts joined by ", ".
     virtual std::string GetScript() const;
@@ -68,15 +76,36 @@ public:
 
     // What the owner is, known when the list is made: the table of a field list, or the node
     // of an argument list.
-    TVdTableDef* OwnerTable() const { return FOwnerTable; }
-    TVdFunctionDef* OwnerNode() const { return FOwnerNode; }
-    void SetOwnerTable(TVdTableDef* table) { FOwnerTable = table; }
-    void SetOwnerNode(TVdFunctionDef* node) { FOwnerNode = node; }
+    // A list belongs to a table or to a node: setting one forgets the other.
+    TVdTableDef* OwnerTable() const
+    {
+        return FLinkKind == lkTable ? static_cast<TVdTableDef*>(FLink) : nullptr;
+    }
+    TVdFunctionDef* OwnerNode() const
+    {
+        return FLinkKind == lkNode ? static_cast<TVdFunctionDef*>(FLink) : nullptr;
+    }
+    void SetOwnerTable(TVdTableDef* table) { SetLink(table, lkTable); }
+    void SetOwnerNode(TVdFunctionDef* node) { SetLink(node, lkNode); }
 
 private:
+    enum TLinkKind : std::uint8_t { lkNone, lkTable, lkNode };
+    void SetLink(void* link, TLinkKind kind)
+    {
+        if (link) {
+            FLink = link;
+            FLinkKind = kind;
+        } else if (FLinkKind == kind) {
+            FLink = nullptr;
+            FLinkKind = lkNone;
+        }
+    }
+
+    // First, so it sits in the base's tail padding.
+    TLinkKind FLinkKind = lkNone;
     TVdCollectionItem* FOwner;
-    TVdTableDef* FOwnerTable = nullptr;
-    TVdFunctionDef* FOwnerNode = nullptr;
+    // The table or the node, as FLinkKind says: one word for both.
+    void* FLink = nullptr;
 };
 
 } // namespace vd

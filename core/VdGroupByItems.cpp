@@ -28,11 +28,18 @@ const std::string& TablePrefix(const TVdFieldDef& field)
 
 std::vector<const TVdFieldDef*> TVdGroupByItems::DerivedFields() const
 {
+    if (!Parser())
+        return {};
+    return DerivedFields(Parser()->TableDefs().FieldsInOrder());
+}
+
+std::vector<const TVdFieldDef*>
+TVdGroupByItems::DerivedFields(const std::vector<TVdFieldDef*>& fields) const
+{
     std::vector<const TVdFieldDef*> derived;
     const TVdSelectParser* parser = Parser();
     if (!parser)
         return derived;
-    const std::vector<TVdFieldDef*> fields = parser->TableDefs().FieldsInOrder();
     bool aggregates = false;
     bool plain = false;
     // Only output fields count: a procedure's input parameters are its arguments.
@@ -46,6 +53,7 @@ std::vector<const TVdFieldDef*> TVdGroupByItems::DerivedFields() const
     }
     if (!aggregates || !plain)
         return derived;
+    derived.reserve(fields.size());
     for (const TVdFieldDef* field : fields)
         if (field && !field->IsInputParam() && field->Kind() == fkIdentifier &&
             !parser->Aggregates().Contains(field->Name()))
@@ -58,15 +66,20 @@ std::vector<const TVdFieldDef*> TVdGroupByItems::DerivedFields() const
 // (A.C.A.I prints "A.C"."A"."I", and "A.C.A"."I" would not read back the same).
 std::string TVdGroupByItems::DerivedLine(const TVdFieldDef& field) const
 {
-    const TVdSelectParser& parser = *Parser();
     std::string line;
+    AppendDerivedLine(line, field);
+    return line;
+}
+
+void TVdGroupByItems::AppendDerivedLine(std::string& line, const TVdFieldDef& field) const
+{
+    const TVdSelectParser& parser = *Parser();
     const std::string& prefix = TablePrefix(field);
     if (!prefix.empty()) {
         script::AppendItemName(line, parser, prefix);
         line += '.';
     }
     script::AppendItemName(line, parser, field.Name());
-    return line;
 }
 
 std::vector<std::string>
@@ -364,12 +377,27 @@ private:
 
 void TVdGroupByItems::Rebuild()
 {
-    const std::vector<const TVdFieldDef*> derived = DerivedFields();
-    std::vector<std::string> lines = DerivedLines(derived);
-    if (FKept.empty()) {
-        FLines = std::move(lines);
+    if (!Parser()) {
+        Rebuild({});
         return;
     }
+    Rebuild(Parser()->TableDefs().FieldsInOrder());
+}
+
+void TVdGroupByItems::Rebuild(const std::vector<TVdFieldDef*>& fields)
+{
+    const std::vector<const TVdFieldDef*> derived = DerivedFields(fields);
+    if (FKept.empty()) {
+        // The lines are written over the old ones: a statement printed again keeps their
+        // buffers.
+        FLines.resize(derived.size());
+        for (size_t i = 0; i < derived.size(); ++i) {
+            FLines[i].clear();
+            AppendDerivedLine(FLines[i], *derived[i]);
+        }
+        return;
+    }
+    std::vector<std::string> lines = DerivedLines(derived);
     // The items to add are gathered first: the index reads the derived lines in place.
     std::vector<std::string> added;
     {
@@ -418,6 +446,13 @@ void TVdGroupByItems::AppendScript(std::string& out)
 {
     if (Parser())
         Rebuild();
+    AppendClause(out, "GROUP", "BY", FLines);
+}
+
+void TVdGroupByItems::AppendScript(std::string& out, const std::vector<TVdFieldDef*>& fields)
+{
+    if (Parser())
+        Rebuild(fields);
     AppendClause(out, "GROUP", "BY", FLines);
 }
 

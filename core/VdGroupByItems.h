@@ -19,11 +19,16 @@ public:
     std::string GetScript();
     // GetScript() appended to out.
     void AppendScript(std::string& out);
+    // The same, for the parser's fields in order (TVdTableDefs::FieldsInOrder) already at hand.
+    void AppendScript(std::string& out, const std::vector<TVdFieldDef*>& fields);
     // Refills the list: the derived items, then each kept item the derived ones do not name.
     void Rebuild();
+    void Rebuild(const std::vector<TVdFieldDef*>& fields);
     // The plain columns beside aggregates, in select-list order (empty without aggregates or
     // without such a column).
     std::vector<const TVdFieldDef*> DerivedFields() const;
+    // The same among the parser's fields in order.
+    std::vector<const TVdFieldDef*> DerivedFields(const std::vector<TVdFieldDef*>& fields) const;
 
     // The items kept beyond the derived list, as read (names unprocessed, positions as digits).
     const std::vector<std::string>& KeptItems() const { return FKept; }
@@ -44,6 +49,7 @@ public:
 
 private:
     std::string DerivedLine(const TVdFieldDef& field) const;
+    void AppendDerivedLine(std::string& line, const TVdFieldDef& field) const;
     std::vector<std::string> DerivedLines(const std::vector<const TVdFieldDef*>& derived) const;
 
     std::vector<std::string> FKept;

@@ -33,8 +33,9 @@ public:
                          const TVdTableDef& joined) const;
     void AppendKeyword(std::string& out, const char* keyword) const;
 
-    std::string Operation = "=";
+    // First, so it sits in the base's tail padding.
     TVdJoinKind JoinKind = vdjInnerJoin;
+    std::string Operation = "=";
     std::string JoinField;
     std::string JoinTable;
     std::string FieldName;

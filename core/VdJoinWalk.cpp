@@ -16,9 +16,9 @@ TVdJoinWalk::TVdJoinWalk(const TVdTableDefs& tables, bool backwards)
     FJoins.reserve(size_t(std::max(tables.JoinCount(), 0)));
     for (int t = 0; t < count; ++t) {
         FSlots[size_t(t)].JoinStart = int(FJoins.size());
-        const TVdJoinDefs& joins = tables.Items(t)->JoinDefs();
-        for (int j = 0; j < joins.Count(); ++j)
-            FJoins.push_back(Describe(*joins.Items(j)));
+        const TVdJoinDefs* joins = tables.Items(t)->JoinList();
+        for (int j = 0, n = joins ? joins->Count() : 0; j < n; ++j)
+            FJoins.push_back(Describe(*joins->Items(j)));
     }
     FSlots[size_t(count)].JoinStart = int(FJoins.size());
     // Counted, then placed from the back: the joins leading to a table stand together in
@@ -93,9 +93,9 @@ TVdJoinWalk::JoinsOf(const TVdTableDef& table)
     if (slot >= 0)
         return {FJoins.data() + FSlots[size_t(slot)].JoinStart,
                 FJoins.data() + FSlots[size_t(slot) + 1].JoinStart};
-    const TVdJoinDefs& joins = table.JoinDefs();
-    if (joins.Count() == 0)
+    if (!table.JoinList() || table.JoinList()->Count() == 0)
         return {nullptr, nullptr};
+    const TVdJoinDefs& joins = *table.JoinList();
     // A table of another collection: its joins are described as it is reached.
     std::vector<TJoin>& described = FOtherJoins.emplace_back();
     for (int j = 0; j < joins.Count(); ++j)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -16,9 +17,9 @@ public:
     // The number kept for name, or nullptr.
     int* Find(const std::string& name)
     {
-        if (FBig) {
-            const auto it = FMap.find(name);
-            return it == FMap.end() ? nullptr : &it->second;
+        if (FMap) {
+            const auto it = FMap->find(name);
+            return it == FMap->end() ? nullptr : &it->second;
         }
         for (auto& entry : FList)
             if (entry.first == name)
@@ -34,21 +35,21 @@ public:
     {
         if (int* found = Find(name))
             return *found;
-        if (!FBig && FList.size() >= ListLimit) {
+        if (!FMap && FList.size() >= ListLimit) {
+            FMap = std::make_unique<std::unordered_map<std::string, int>>();
             for (auto& entry : FList)
-                FMap.emplace(std::move(entry.first), entry.second);
+                FMap->emplace(std::move(entry.first), entry.second);
             FList.clear();
-            FBig = true;
         }
-        if (FBig)
-            return FMap[name];
+        if (FMap)
+            return (*FMap)[name];
         FList.emplace_back(name, 0);
         return FList.back().second;
     }
     void Erase(const std::string& name)
     {
-        if (FBig) {
-            FMap.erase(name);
+        if (FMap) {
+            FMap->erase(name);
             return;
         }
         for (auto it = FList.begin(); it != FList.end(); ++it)
@@ -57,18 +58,18 @@ public:
                 return;
             }
     }
+    bool Empty() const { return FMap ? FMap->empty() : FList.empty(); }
     void Clear()
     {
         FList.clear();
-        FMap.clear();
-        FBig = false;
+        FMap.reset();
     }
 
 private:
     static constexpr size_t ListLimit = 32;
     std::vector<std::pair<std::string, int>> FList;
-    std::unordered_map<std::string, int> FMap;
-    bool FBig = false;
+    // The map, made once the list grows too long: most statements never need it.
+    std::unique_ptr<std::unordered_map<std::string, int>> FMap;
 };
 
 } // namespace vd

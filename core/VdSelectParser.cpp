@@ -208,8 +208,13 @@ std::string TVdSelectParser::StatementScript(const std::string& head, const std:
     const size_t start = result.size();
     size_t listSize = 0;
     const TVdTableDefs& tables = TableDefs();
+    // The fields in order serve the select list and the GROUP BY alike.
+    std::vector<TVdFieldDef*> fields;
+    bool haveFields = false;
     if (typeid(tables) == typeid(TVdTableDefs)) {
-        tables.AppendScript(result, listSize);
+        fields = tables.FieldsInOrder();
+        haveFields = true;
+        tables.AppendScript(result, listSize, fields);
     } else {
         std::string selectList;
         result += tables.GetScript(selectList);
@@ -222,7 +227,10 @@ std::string TVdSelectParser::StatementScript(const std::string& head, const std:
     if (result.size() - start == listSize)
         return result;
     script::AppendCriteriaScript(result, WhereItems());
-    FGroupByItems.AppendScript(result);
+    if (haveFields && FGroupByItems.Parser() == this)
+        FGroupByItems.AppendScript(result, fields);
+    else
+        FGroupByItems.AppendScript(result);
     script::AppendCriteriaScript(result, HavingItems());
     FOrderByItems.AppendScript(result);
     // Every clause ends its last line, so the tail stands on a line of its own.

@@ -246,30 +246,37 @@ void TVdTableDefs::EnsureLookup() const
 {
     if (FLookupValid)
         return;
-    FByAlias.clear();
-    FByName.clear();
+    if (FLookups) {
+        FLookups->ByAlias.clear();
+        FLookups->ByName.clear();
+    } else {
+        FLookups = std::make_unique<TLookups>();
+    }
     for (int i = 0; i < Count(); ++i) {
         TVdTableDef* table = Items(i);
-        FByAlias[table->Alias()].insert(table);
-        FByName[table->Name()].insert(table);
+        FLookups->ByAlias[table->Alias()].insert(table);
+        FLookups->ByName[table->Name()].insert(table);
     }
     FLookupValid = true;
 }
 
 void TVdTableDefs::TableAdded(TVdTableDef& table)
 {
+    // A look over the fields walks every table: a long FROM list has its aliases counted.
+    if (!FCounting && Count() > AliasScanLimit)
+        StartCounting();
     if (!FLookupValid)
         return;
-    LookupInsert(FByAlias, table.Alias(), &table);
-    LookupInsert(FByName, table.Name(), &table);
+    LookupInsert(FLookups->ByAlias, table.Alias(), &table);
+    LookupInsert(FLookups->ByName, table.Name(), &table);
 }
 
 void TVdTableDefs::TableRemoving(TVdTableDef& table)
 {
     if (!FLookupValid)
         return;
-    LookupErase(FByAlias, table.Alias(), &table);
-    LookupErase(FByName, table.Name(), &table);
+    LookupErase(FLookups->ByAlias, table.Alias(), &table);
+    LookupErase(FLookups->ByName, table.Name(), &table);
 }
 
 void TVdTableDefs::TableKeyChanged(TVdTableDef& table, bool alias, const std::string& oldKey,
@@ -277,7 +284,7 @@ void TVdTableDefs::TableKeyChanged(TVdTableDef& table, bool alias, const std::st
 {
     if (!FLookupValid)
         return;
-    TLookup& lookup = alias ? FByAlias : FByName;
+    TLookup& lookup = alias ? FLookups->ByAlias : FLookups->ByName;
     LookupErase(lookup, oldKey, &table);
     LookupInsert(lookup, newKey, &table);
 }
@@ -297,7 +304,7 @@ TVdTableDef* TVdTableDefs::FindByName(const std::string& name) const
     if (!FLookupValid && Count() <= LinearLookupLimit)
         return ScanFor(false, name);
     EnsureLookup();
-    return LookupFind(FByName, name);
+    return LookupFind(FLookups->ByName, name);
 }
 
 TVdTableDef* TVdTableDefs::FindByAlias(const std::string& alias) const
@@ -305,7 +312,7 @@ TVdTableDef* TVdTableDefs::FindByAlias(const std::string& alias) const
     if (!FLookupValid && Count() <= LinearLookupLimit)
         return ScanFor(true, alias);
     EnsureLookup();
-    return LookupFind(FByAlias, alias);
+    return LookupFind(FLookups->ByAlias, alias);
 }
 
 TVdTableDef* TVdTableDefs::FindByAliasOrName(const std::string& text) const
@@ -318,9 +325,9 @@ std::vector<TVdFieldDef*> TVdTableDefs::FieldsInOrder() const
 {
     std::vector<TVdFieldDef*> ordered(size_t(FFieldCount), nullptr);
     for (int t = 0; t < Count(); ++t) {
-        const TVdFieldDefs& fields = Items(t)->FieldDefs();
-        for (int f = 0; f < fields.Count(); ++f) {
-            TVdFieldDef* field = fields.Items(f);
+        const TVdFieldDefs* fields = Items(t)->FieldList();
+        for (int f = 0, n = fields ? fields->Count() : 0; f < n; ++f) {
+            TVdFieldDef* field = fields->Items(f);
             const int index = field->FieldIndex();
             if (index >= 0 && index < FFieldCount && !ordered[size_t(index)])
                 ordered[size_t(index)] = field;
@@ -332,10 +339,10 @@ std::vector<TVdFieldDef*> TVdTableDefs::FieldsInOrder() const
 TVdFieldDef* TVdTableDefs::GetFieldDefs(int index) const
 {
     for (int t = 0; t < Count(); ++t) {
-        const TVdFieldDefs& fields = Items(t)->FieldDefs();
-        for (int f = 0; f < fields.Count(); ++f)
-            if (fields.Items(f)->FieldIndex() == index)
-                return fields.Items(f);
+        const TVdFieldDefs* fields = Items(t)->FieldList();
+        for (int f = 0, n = fields ? fields->Count() : 0; f < n; ++f)
+            if (fields->Items(f)->FieldIndex() == index)
+                return fields->Items(f);
     }
     return nullptr;
 }
@@ -343,9 +350,9 @@ TVdFieldDef* TVdTableDefs::GetFieldDefs(int index) const
 bool TVdTableDefs::IsTableJoined(const TVdTableDef& table) const
 {
     for (int t = 0; t < Count(); ++t) {
-        const TVdJoinDefs& joins = Items(t)->JoinDefs();
-        for (int j = 0; j < joins.Count(); ++j)
-            if (joins.Items(j)->JoinTable == table.Alias())
+        const TVdJoinDefs* joins = Items(t)->JoinList();
+        for (int j = 0, n = joins ? joins->Count() : 0; j < n; ++j)
+            if (joins->Items(j)->JoinTable == table.Alias())
                 return true;
     }
     return false;
@@ -386,23 +393,51 @@ private:
     std::optional<std::unordered_set<T>> FSpill;
 };
 
+// A stack that holds its first sixteen values without the heap.
+template <class T> class TSmallStack
+{
+public:
+    bool Empty() const { return FCount == 0 && FSpill.empty(); }
+    void Push(const T& value)
+    {
+        if (FSpill.empty() && FCount < FInline.size())
+            FInline[FCount++] = value;
+        else
+            FSpill.push_back(value);
+    }
+    T Pop()
+    {
+        if (!FSpill.empty()) {
+            T value = FSpill.back();
+            FSpill.pop_back();
+            return value;
+        }
+        return FInline[--FCount];
+    }
+
+private:
+    std::array<T, 16> FInline{};
+    size_t FCount = 0;
+    std::vector<T> FSpill;
+};
+
 } // namespace
 
 bool TVdTableDefs::JoinsReach(const TVdTableDef& from, const TVdTableDef& to) const
 {
     TSmallSet<const TVdTableDef*> seen;
     seen.Insert(&from);
-    std::vector<const TVdTableDef*> pending{&from};
-    while (!pending.empty()) {
-        const TVdTableDef* table = pending.back();
-        pending.pop_back();
+    TSmallStack<const TVdTableDef*> pending;
+    pending.Push(&from);
+    while (!pending.Empty()) {
+        const TVdTableDef* table = pending.Pop();
         if (table == &to)
             return true;
-        const TVdJoinDefs& joins = table->JoinDefs();
-        for (int j = 0; j < joins.Count(); ++j) {
-            const TVdTableDef* joined = FindByAlias(joins.Items(j)->JoinTable);
+        const TVdJoinDefs* joins = table->JoinList();
+        for (int j = 0, n = joins ? joins->Count() : 0; j < n; ++j) {
+            const TVdTableDef* joined = FindByAlias(joins->Items(j)->JoinTable);
             if (joined && seen.Insert(joined))
-                pending.push_back(joined);
+                pending.Push(joined);
         }
     }
     return false;
@@ -410,7 +445,7 @@ bool TVdTableDefs::JoinsReach(const TVdTableDef& from, const TVdTableDef& to) co
 
 void TVdTableDefs::AppendJoins(const TVdTableDef& root, std::string& out) const
 {
-    if (root.JoinDefs().Count() == 0)
+    if (!root.JoinList() || root.JoinList()->Count() == 0)
         return;
     TVdJoinWalk(*this, false).Append(root, out);
 }
@@ -425,8 +460,14 @@ std::string TVdTableDefs::GetTableScript(const TVdTableDef& table) const
 
 void TVdTableDefs::AppendScript(std::string& out, size_t& listSize) const
 {
+    AppendScript(out, listSize, FieldsInOrder());
+}
+
+void TVdTableDefs::AppendScript(std::string& out, size_t& listSize,
+                                const std::vector<TVdFieldDef*>& fields) const
+{
     const size_t listStart = out.size();
-    for (const TVdFieldDef* field : FieldsInOrder()) {
+    for (const TVdFieldDef* field : fields) {
         if (!field || field->IsInputParam())
             continue;
         // A field that prints nothing takes no line.
@@ -493,6 +534,15 @@ std::string TVdTableDefs::GetScript() const
 
 bool TVdTableDefs::AliasUsed(const std::string& alias) const
 {
+    if (!FCounting) {
+        for (int t = 0; t < Count(); ++t) {
+            const TVdFieldDefs* fields = Items(t)->FieldList();
+            for (int f = 0, n = fields ? fields->Count() : 0; f < n; ++f)
+                if (fields->Items(f)->Alias() == alias)
+                    return true;
+        }
+        return false;
+    }
     if (alias.empty())
         return FEmptyAliases > 0;
     const int* count = FAliasCount.Find(alias);
@@ -501,6 +551,13 @@ bool TVdTableDefs::AliasUsed(const std::string& alias) const
 
 void TVdTableDefs::CountAlias(const std::string& alias, int delta)
 {
+    if (!FCounting) {
+        // Whether another field still holds the alias is not known: the hints it may have
+        // bounded go (they only shorten a search, so the aliases found stay the same).
+        if (delta < 0)
+            ForgetCounterHints(alias);
+        return;
+    }
     if (alias.empty()) {
         FEmptyAliases += delta;
         return;
@@ -516,10 +573,29 @@ void TVdTableDefs::CountAlias(const std::string& alias, int delta)
     if (*count > 0)
         return;
     FAliasCount.Erase(alias);
+    ForgetCounterHints(alias);
+}
+
+void TVdTableDefs::ForgetCounterHints(const std::string& alias)
+{
+    if (FCounterHint.Empty())
+        return;
     // A freed name1, name2, ... may be the lowest free counter of name again.
     for (size_t i = alias.size(); i > 0 && std::isdigit(static_cast<unsigned char>(alias[i - 1]));
          --i)
         FCounterHint.Erase(alias.substr(0, i - 1));
+}
+
+void TVdTableDefs::StartCounting()
+{
+    FCounting = true;
+    FAliasCount.Clear();
+    FEmptyAliases = 0;
+    for (int t = 0; t < Count(); ++t) {
+        const TVdFieldDefs* fields = Items(t)->FieldList();
+        for (int f = 0, n = fields ? fields->Count() : 0; f < n; ++f)
+            CountAlias(fields->Items(f)->Alias(), +1);
+    }
 }
 
 std::string TVdTableDefs::GetUniqueAlias(const std::string& name, bool force)
@@ -548,7 +624,11 @@ void TVdTableDefs::FieldAdded(TVdFieldDef& field)
 {
     ++FFieldCount;
     field.SetFieldIndex(FFieldCount - 1);
-    CountAlias(field.Alias(), +1);
+    // The field stands in its list already: counting from scratch counts it too.
+    if (!FCounting && FFieldCount > AliasScanLimit)
+        StartCounting();
+    else
+        CountAlias(field.Alias(), +1);
 }
 
 void TVdTableDefs::FieldRemoved(TVdFieldDef& field)
@@ -560,9 +640,9 @@ void TVdTableDefs::FieldRemoved(TVdFieldDef& field)
 
 void TVdTableDefs::FieldsRemoved(TVdTableDef& table)
 {
-    const TVdFieldDefs& fields = table.FieldDefs();
-    if (fields.Count() == 0)
+    if (!table.FieldList() || table.FieldList()->Count() == 0)
         return;
+    const TVdFieldDefs& fields = *table.FieldList();
     std::vector<int> removed;
     removed.reserve(size_t(fields.Count()));
     for (int f = 0; f < fields.Count(); ++f) {
@@ -579,9 +659,9 @@ void TVdTableDefs::DecrementIndexes(std::vector<int> removed, const TVdTableDef*
     std::sort(removed.begin(), removed.end());
     for (int t = 0; t < Count(); ++t) {
         TVdTableDef* table = Items(t);
-        if (table == skip)
+        if (table == skip || !table->FieldList())
             continue;
-        TVdFieldDefs& fields = table->FieldDefs();
+        const TVdFieldDefs& fields = *table->FieldList();
         for (int f = 0; f < fields.Count(); ++f) {
             TVdFieldDef* field = fields.Items(f);
             const int index = field->FieldIndex();
@@ -599,9 +679,12 @@ void TVdTableDefs::Clearing()
     FJoinCount = 0;
     FAliasCount.Clear();
     FEmptyAliases = 0;
+    FCounting = false;
     FCounterHint.Clear();
-    FByAlias.clear();
-    FByName.clear();
+    if (FLookups) {
+        FLookups->ByAlias.clear();
+        FLookups->ByName.clear();
+    }
     // Built again when a statement holds more tables than a scan serves well.
     FLookupValid = false;
 }
@@ -609,11 +692,13 @@ void TVdTableDefs::Clearing()
 void TVdTableDefs::UpdateJoins()
 {
     for (int t = 0; t < Count(); ++t) {
+        if (!Items(t)->JoinList())
+            continue;
         TVdJoinDefs& joins = Items(t)->JoinDefs();
         for (int j = joins.Count() - 1; j >= 0; --j) {
             const TVdJoinDef* join = joins.Items(j);
             const TVdTableDef* joined = FindByAliasOrName(join->JoinTable);
-            const TVdFieldDefs* fields = joined ? &joined->FieldDefs() : nullptr;
+            const TVdFieldDefs* fields = joined ? joined->FieldList() : nullptr;
             if (!fields ||
                 (!fields->FindByAlias(join->JoinField) && !fields->FindByName(join->JoinField)))
                 joins.Delete(j);
@@ -624,7 +709,9 @@ void TVdTableDefs::UpdateJoins()
 void TVdTableDefs::UpdateFieldAliases()
 {
     for (int t = 0; t < Count(); ++t) {
-        TVdFieldDefs& fields = Items(t)->FieldDefs();
+        if (!Items(t)->FieldList())
+            continue;
+        const TVdFieldDefs& fields = *Items(t)->FieldList();
         std::unordered_map<std::string, int> aliases;
         for (int f = 0; f < fields.Count(); ++f)
             ++aliases[fields.Items(f)->Alias()];
@@ -653,7 +740,9 @@ void TVdTableDefs::UpdateTableAlias(const std::string& oldAlias, const std::stri
     if (FJoinCount == 0)
         return;
     for (int t = 0; t < Count(); ++t) {
-        TVdJoinDefs& joins = Items(t)->JoinDefs();
+        if (!Items(t)->JoinList())
+            continue;
+        const TVdJoinDefs& joins = *Items(t)->JoinList();
         for (int j = 0; j < joins.Count(); ++j)
             if (joins.Items(j)->JoinTable == oldAlias)
                 joins.Items(j)->JoinTable = newAlias;

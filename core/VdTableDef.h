@@ -46,6 +46,10 @@ public:
     const TVdFieldDefs& FieldDefs() const;
     TVdJoinDefs& JoinDefs();
     const TVdJoinDefs& JoinDefs() const;
+    // The lists if they have been made, else null (then empty): for readers, which need not
+    // make them.
+    const TVdFieldDefs* FieldList() const { return FFieldDefs.get(); }
+    const TVdJoinDefs* JoinList() const { return FJoinDefs.get(); }
 
     // The processed name, a procedure's argument list and the processed alias: the text that
     // stands for the table in FROM and after JOIN.
@@ -68,11 +72,12 @@ private:
     // a table that had no alias yet (and looking would make a long FROM cost its square).
     void SetKeys(const std::string& name, const std::string& alias);
 
+    // First, so it sits in the base's tail padding.
+    TVdTableDefType FTableType = qttTable;
     std::string FAlias;
     mutable std::unique_ptr<TVdFieldDefs> FFieldDefs;
     mutable std::unique_ptr<TVdJoinDefs> FJoinDefs;
     std::string FName;
-    TVdTableDefType FTableType = qttTable;
 };
 
 // The tables of a statement. Keeps the statement-wide field order and the set of field
@@ -95,8 +100,13 @@ public:
     // What GetScript(selectList) of this class returns, appended to out; listSize is the
     // length of the select list in it. Nothing is appended where GetScript gives "".
     void AppendScript(std::string& out, size_t& listSize) const;
+    // The same for the fields in order (FieldsInOrder) already at hand.
+    void AppendScript(std::string& out, size_t& listSize,
+                      const std::vector<TVdFieldDef*>& fields) const;
     // name, or name1, name2, ... when forced or while another field has that alias.
     std::string GetUniqueAlias(const std::string& name, bool force);
+    // Whether a field of these tables has the alias.
+    bool IsAliasUsed(const std::string& alias) const { return AliasUsed(alias); }
     bool IsTableJoined(const TVdTableDef& table) const;
     // Whether from, or a table its joins join, directly or further on, is to.
     bool JoinsReach(const TVdTableDef& from, const TVdTableDef& to) const;
@@ -150,8 +160,13 @@ private:
     // the lookup is built only once a statement has more.
     static constexpr int LinearLookupLimit = 16;
     TVdTableDef* ScanFor(bool alias, const std::string& key) const;
-    mutable TLookup FByAlias;
-    mutable TLookup FByName;
+    // Made only for a statement with that many tables: most statements never need them.
+    struct TLookups {
+        TLookup ByAlias;
+        TLookup ByName;
+    };
+    mutable std::unique_ptr<TLookups> FLookups;
+    // Only while FLookups is made.
     mutable bool FLookupValid = false;
 
     int FFieldCount = 0;
@@ -159,9 +174,17 @@ private:
     // when there are any, so a long FROM list without joins is read in linear time.
     int FJoinCount = 0;
     // How many fields hold each alias; the empty alias of every new field is counted apart.
+    // Up to this many fields and tables a look over the fields answers whether an alias is
+    // taken as soon as counts would, and costs no copy of every alias: the counts are kept
+    // only beyond.
+    static constexpr int AliasScanLimit = 32;
+    bool FCounting = false;
     TVdNameCounts FAliasCount;
     int FEmptyAliases = 0;
     void CountAlias(const std::string& alias, int delta);
+    void ForgetCounterHints(const std::string& alias);
+    // Counts the aliases of every field, from now on kept up to date.
+    void StartCounting();
     TVdNameCounts FCounterHint;
 };
 

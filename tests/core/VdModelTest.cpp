@@ -273,6 +273,39 @@ TEST(VdFunctionDef, IdentifierPrefixIsFoundThroughNestedArgumentLists)
     EXPECT_EQ(upper->TVdFunctionDef::GetScript(), "UPPER(TRIM(\"C\".\"NAME\"))");
 }
 
+TEST(VdFunctionDefs, ListBelongsToATableOrToANode)
+{
+    TVdSelectParser p;
+    TVdTableDef* t = AddTable(p, "CUSTOMERS", "C");
+    TVdFieldDef* upper = AddField(*t, "UPPER", fkFunction);
+    TVdFunctionDefs& args = upper->Arguments();
+    EXPECT_EQ(args.OwnerNode(), upper);
+    EXPECT_EQ(args.OwnerTable(), nullptr);
+    args.SetOwnerTable(t);
+    EXPECT_EQ(args.OwnerTable(), t);
+    EXPECT_EQ(args.OwnerNode(), nullptr);
+    // Clearing the link the list does not have leaves the one it has.
+    args.SetOwnerNode(nullptr);
+    EXPECT_EQ(args.OwnerTable(), t);
+    args.SetOwnerTable(nullptr);
+    EXPECT_EQ(args.OwnerTable(), nullptr);
+    args.SetOwnerNode(upper);
+    EXPECT_EQ(args.OwnerNode(), upper);
+}
+
+TEST(VdCollection, FactoryWithStateMakesTheItems)
+{
+    int made = 0;
+    TVdFunctionDefs list(nullptr, TVdCollection::TItemFactory([&made] {
+                             ++made;
+                             return std::make_unique<TVdFieldDef>();
+                         }));
+    list.Add();
+    list.Add();
+    EXPECT_EQ(made, 2);
+    EXPECT_NE(dynamic_cast<TVdFieldDef*>(list.Items(1)), nullptr);
+}
+
 TEST(VdFunctionDef, IdentifierInCriterionHasNoTablePrefix)
 {
     TVdSelectParser p;

@@ -1313,3 +1313,19 @@ TEST(SelectParserSteps, QuotedAliasKeepsItsQuotes)
     EXPECT_EQ(parser->TableDefs().Items(0)->Alias(), "\"A1\"");
     EXPECT_EQ(parser->GetExpression(), "SELECT \r\n  \"A1\".\"X\"\r\nFROM\r\n  \"T\" \"A1\"\r\n");
 }
+
+TEST(SelectParserPrint, DerivedGroupingIsTheSameWhenPrintedAgainAndAfterAFieldGoes)
+{
+    auto parser = Parse("SELECT T.A, B, SUM(C) FROM T");
+    const std::string first = parser->GetExpression();
+    EXPECT_NE(first.find("GROUP BY\r\n  \"T\".\"A\",\r\n  \"T\".\"B\"\r\n"), std::string::npos)
+        << first;
+    EXPECT_EQ(parser->GetExpression(), first);
+    // One derived line fewer: the list written over the old lines loses the last.
+    parser->TableDefs().Items(0)->FieldDefs().Delete(1);
+    const std::string second = parser->GetExpression();
+    EXPECT_NE(second.find("GROUP BY\r\n  \"T\".\"A\"\r\n"), std::string::npos) << second;
+    EXPECT_EQ(parser->GroupByItems().Count(), 1);
+    EXPECT_EQ(parser->GroupByItems().DerivedFields(parser->TableDefs().FieldsInOrder()),
+              parser->GroupByItems().DerivedFields());
+}

@@ -692,3 +692,62 @@ TEST(VdTableDefs, CustomerDbTableIsQuotedAsOneName)
 }
 
 // ---- GROUP BY ----
+
+TEST(VdTableDefs, ManyTablesAndAliasesAreFoundAgainAfterAClear)
+{
+    TVdSelectParser p;
+    // More tables than a scan serves and more aliases than the short list holds: the lookups
+    // made for them are dropped with the tables and made again.
+    for (int round = 0; round < 2; ++round) {
+        for (int t = 0; t < 40; ++t) {
+            TVdTableDef* table = AddTable(p, "T" + std::to_string(t), "A" + std::to_string(t));
+            AddField(*table, "F");
+        }
+        EXPECT_MODEL_OK(p);
+        EXPECT_EQ(p.TableDefs().FindByAlias("A33")->Name(), "T33");
+        EXPECT_EQ(p.TableDefs().FindByName("T7")->Alias(), "A7");
+        EXPECT_EQ(p.TableDefs().GetUniqueAlias("F", false), "F40");
+        EXPECT_TRUE(p.TableDefs().IsAliasUsed("F39"));
+        EXPECT_FALSE(p.TableDefs().IsAliasUsed("F40"));
+        p.TableDefs().Clear();
+        EXPECT_EQ(p.TableDefs().FindByAlias("A33"), nullptr);
+        EXPECT_FALSE(p.TableDefs().IsAliasUsed("F1"));
+    }
+}
+
+TEST(VdTableDefs, JoinsReachThroughMoreTablesThanTheInlineStackHolds)
+{
+    TVdSelectParser p;
+    std::vector<TVdTableDef*> tables;
+    for (int t = 0; t < 40; ++t) {
+        tables.push_back(AddTable(p, "T" + std::to_string(t), "A" + std::to_string(t)));
+        AddField(*tables.back(), "ID");
+    }
+    // A0 joins A1..A39 at once (forty pending at one time), and A39 joins nothing.
+    for (int t = 1; t < 40; ++t)
+        AddJoin(*tables[0], "ID", "A" + std::to_string(t), "ID");
+    EXPECT_TRUE(p.TableDefs().JoinsReach(*tables[0], *tables[39]));
+    EXPECT_TRUE(p.TableDefs().JoinsReach(*tables[0], *tables[1]));
+    EXPECT_FALSE(p.TableDefs().JoinsReach(*tables[39], *tables[0]));
+    EXPECT_FALSE(p.TableDefs().JoinsReach(*tables[5], *tables[6]));
+}
+
+TEST(VdTableDefs, FreedGeneratedAliasIsFoundAgainWithFewAndManyFields)
+{
+    // Few fields are looked over, many are counted: both find the same aliases.
+    for (const int count : {10, 40}) {
+        TVdSelectParser p;
+        TVdTableDef* table = AddTable(p, "T");
+        for (int f = 0; f < count; ++f)
+            AddField(*table, "X");
+        EXPECT_EQ(table->FieldDefs().Items(3)->Alias(), "X3");
+        EXPECT_EQ(p.TableDefs().GetUniqueAlias("X", true), "X" + std::to_string(count));
+        table->FieldDefs().Delete(3);
+        EXPECT_EQ(p.TableDefs().GetUniqueAlias("X", true), "X3") << count;
+        table->FieldDefs().Items(4)->SetAlias("Y");
+        EXPECT_EQ(p.TableDefs().GetUniqueAlias("X", false), "X3") << count;
+        EXPECT_TRUE(p.TableDefs().IsAliasUsed("Y")) << count;
+        EXPECT_FALSE(p.TableDefs().IsAliasUsed("X5")) << count;
+        EXPECT_MODEL_OK(p);
+    }
+}
