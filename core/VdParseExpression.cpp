@@ -214,13 +214,8 @@ bool TVdExpressionReader::ReadQualified(TVdFunctionDef& node, TVdTableDef*& tabl
         Consume();
         if (star || !P.IsDelimToken('.'))
             break;
-        if (!keptSame || !fieldSame) {
-            if (keptSame)
-                keptQualifier = qualifier;
-            keptSame = false;
-            keptQualifier += '.';
-            keptQualifier += fieldSame ? field : keptField;
-        }
+        TVdSelectParser::AppendKeptPart(keptQualifier, keptSame, qualifier,
+                                        fieldSame ? field : keptField, fieldSame);
         qualifier += '.';
         qualifier += field;
         dotted = true;

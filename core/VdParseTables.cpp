@@ -149,6 +149,18 @@ std::string TVdSelectParser::AliasText() const
                      });
 }
 
+void TVdSelectParser::AppendKeptPart(std::string& kept, bool& keptSame, const std::string& plain,
+                                     const std::string& part, bool partSame)
+{
+    if (keptSame && partSame)
+        return;
+    if (keptSame)
+        kept = plain;
+    keptSame = false;
+    kept += '.';
+    kept += part;
+}
+
 // A name with a part kept in its quotes ("a.b") prints its other parts as they stand, so there
 // a part read from quotes that it needs ("x", lower-case) keeps them: "a.b"."x"."y" would
 // otherwise print as "a.b".x."y" and read back as another name.
@@ -868,13 +880,8 @@ bool TVdSelectParser::ReadJoinCondition(TVdTableDef*& owner, std::string& ownerF
             if (!IsNameKind())
                 return false;
             atField = Scanner().SaveState();
-            if (!keptSame || !fieldSame) {
-                if (keptSame)
-                    keptQualifier = qualifier;
-                keptSame = false;
-                keptQualifier += '.';
-                keptQualifier += fieldSame ? field : keptField;
-            }
+            AppendKeptPart(keptQualifier, keptSame, qualifier, fieldSame ? field : keptField,
+                           fieldSame);
             qualifier += '.';
             qualifier += field;
             field = NameText();

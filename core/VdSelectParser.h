@@ -192,6 +192,11 @@ protected:
     // from its parts' NameTexts joined (name) and their kept texts joined (kept).
     std::string QuotedPartText(const std::string& text) const;
     std::string DottedNameText(const std::string& name, const std::string& kept) const;
+    // Joins the next part (its kept text, partSame when that is its plain text) to a dotted
+    // name's kept text, which is held only from the first part that differs: until then the
+    // plain text so far (plain) stands for it and keptSame is true.
+    static void AppendKeptPart(std::string& kept, bool& keptSame, const std::string& plain,
+                               const std::string& part, bool partSame);
     // The model text of a dotted name that names a table (FROM, a qualifier, a join).
     std::string TableNameText(const std::string& name) const;
     // Whether a printed name reads back as one name.
