@@ -69,16 +69,17 @@ TVdCollectionItem* TVdCollection::InsertItem(int index)
 std::unique_ptr<TVdCollectionItem> TVdCollection::NewItem()
 {
     std::unique_ptr<TVdCollectionItem> item = MakeItem();
-    FItemType = &typeid(*item);
+    const TVdCollectionItem& made = *item;
+    FItemType = &typeid(made);
     return item;
 }
 
 TVdCollectionItem* TVdCollection::AdoptItem(std::unique_ptr<TVdCollectionItem>& item)
 {
-    if (!item || item->FCollection || !FItemType || typeid(*item) != *FItemType ||
-        item->Parser() != FParser)
-        return nullptr;
     TVdCollectionItem* raw = item.get();
+    if (!raw || raw->FCollection || !FItemType || typeid(*raw) != *FItemType ||
+        raw->Parser() != FParser)
+        return nullptr;
     raw->FCollection = this;
     if (FItems.capacity() == 0)
         FItems.reserve(4);

@@ -48,6 +48,21 @@ private:
     int FIndexInCollection = -1;
 };
 
+// Whether F() makes some item class; false where F cannot be called without arguments.
+template <class F, class = void> struct TMakesItem : std::false_type {
+};
+template <class F>
+struct TMakesItem<F, std::void_t<std::invoke_result_t<F>>>
+    : std::is_convertible<std::invoke_result_t<F>, std::unique_ptr<TVdCollectionItem>> {
+};
+
+// A lambda without captures that makes some item class: a collection keeps it as a plain
+// function pointer. The call is looked at only for an empty class: a collection's own copy is
+// weighed against the constructors that take one.
+template <class F>
+inline constexpr bool IsStatelessItemMaker =
+    std::conjunction_v<std::is_empty<F>, std::is_default_constructible<F>, TMakesItem<F>>;
+
 // An owning collection. Items are made by the factory the collection was given, so a
 // subclass decides the item class; Add hands the new item the collection's parser.
 class TVdCollection
@@ -58,11 +73,6 @@ public:
     // (a statement holds dozens of lists).
     using TItemMaker = std::unique_ptr<TVdCollectionItem> (*)();
 
-    // A lambda without captures, making some item class.
-    template <class F>
-    static constexpr bool IsStatelessMaker =
-        std::is_empty_v<F>&& std::is_default_constructible_v<F>&&
-            std::is_convertible_v<std::invoke_result_t<F>, std::unique_ptr<TVdCollectionItem>>;
     // The maker that calls such a lambda.
     template <class F> static TItemMaker MakerOf()
     {
@@ -73,7 +83,7 @@ public:
     explicit TVdCollection(TItemFactory factory);
     // A lambda without captures goes the cheap way.
     template <class F>
-    requires IsStatelessMaker<F>
+    requires IsStatelessItemMaker<F>
     explicit TVdCollection(F) : TVdCollection(MakerOf<F>()) {}
 
     virtual ~TVdCollection();

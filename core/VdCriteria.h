@@ -63,7 +63,7 @@ public:
     TVdCriterions(TVdCriterion* owner, TItemMaker maker);
     TVdCriterions(TVdCriterion* owner, TItemFactory factory);
     template <class F>
-    requires IsStatelessMaker<F> TVdCriterions(TVdCriterion* owner, F)
+    requires IsStatelessItemMaker<F> TVdCriterions(TVdCriterion* owner, F)
         : TVdCriterions(owner, MakerOf<F>())
     {
     }

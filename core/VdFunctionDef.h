@@ -64,7 +64,7 @@ public:
     explicit TVdFunctionDefs(TVdCollectionItem* owner, TItemMaker maker = nullptr);
     TVdFunctionDefs(TVdCollectionItem* owner, TItemFactory factory);
     template <class F>
-    requires IsStatelessMaker<F> TVdFunctionDefs(TVdCollectionItem* owner, F)
+    requires IsStatelessItemMaker<F> TVdFunctionDefs(TVdCollectionItem* owner, F)
         : TVdFunctionDefs(owner, MakerOf<F>())
     {
     }

@@ -306,6 +306,28 @@ TEST(VdCollection, FactoryWithStateMakesTheItems)
     EXPECT_NE(dynamic_cast<TVdFieldDef*>(list.Items(1)), nullptr);
 }
 
+// A lambda without captures is kept as a plain maker; a list, a lambda with state or one that
+// makes no item is not taken for one.
+TEST(VdCollection, OnlyALambdaWithoutStateIsAPlainMaker)
+{
+    int made = 0;
+    const auto plain = [] { return std::make_unique<TVdFieldDef>(); };
+    const auto withState = [&made] {
+        ++made;
+        return std::make_unique<TVdFieldDef>();
+    };
+    const auto noItem = [] { return 1; };
+    const auto withArgument = [](int) { return std::make_unique<TVdFieldDef>(); };
+    EXPECT_TRUE(IsStatelessItemMaker<decltype(plain)>);
+    EXPECT_FALSE(IsStatelessItemMaker<decltype(withState)>);
+    EXPECT_FALSE(IsStatelessItemMaker<decltype(noItem)>);
+    EXPECT_FALSE(IsStatelessItemMaker<decltype(withArgument)>);
+    EXPECT_FALSE(IsStatelessItemMaker<TVdFunctionDefs>);
+    TVdFunctionDefs list(nullptr, plain);
+    EXPECT_NE(dynamic_cast<TVdFieldDef*>(list.Add()), nullptr);
+    EXPECT_EQ(made, 0);
+}
+
 TEST(VdFunctionDef, IdentifierInCriterionHasNoTablePrefix)
 {
     TVdSelectParser p;
