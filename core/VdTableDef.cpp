@@ -580,10 +580,25 @@ void TVdTableDefs::ForgetCounterHints(const std::string& alias)
 {
     if (FCounterHint.Empty())
         return;
-    // A freed name1, name2, ... may be the lowest free counter of name again.
+    // A freed name<k> (name1, name2, ...) may be the lowest free counter of name again: the
+    // hint of name (every counter up to it is taken) drops below k. Dropping it only, not
+    // forgetting it, keeps the next search short when generated names come and go.
+    long long counter = 0;
+    long long scale = 1;
     for (size_t i = alias.size(); i > 0 && std::isdigit(static_cast<unsigned char>(alias[i - 1]));
-         --i)
-        FCounterHint.Erase(alias.substr(0, i - 1));
+         --i) {
+        const std::string name = alias.substr(0, i - 1);
+        int* hint = FCounterHint.Find(name);
+        if (scale > 100000000) {
+            if (hint)
+                FCounterHint.Erase(name);
+            continue;
+        }
+        counter += (alias[i - 1] - '0') * scale;
+        scale *= 10;
+        if (hint && *hint >= counter)
+            *hint = int(std::max(counter - 1, 0LL));
+    }
 }
 
 void TVdTableDefs::StartCounting()

@@ -732,6 +732,34 @@ TEST(VdTableDefs, JoinsReachThroughMoreTablesThanTheInlineStackHolds)
     EXPECT_FALSE(p.TableDefs().JoinsReach(*tables[5], *tables[6]));
 }
 
+// A13 is counter 13 of A and counter 3 of A1: freeing a generated name makes its counter the
+// lowest free one of every name it may have been made from, while counters below it stay taken.
+TEST(VdTableDefs, FreedCounterIsFoundAgainUnderEveryNameItEndsIn)
+{
+    for (const int filler : {0, 40}) {
+        TVdSelectParser p;
+        TVdTableDef* table = AddTable(p, "T");
+        for (int f = 0; f < 14; ++f)
+            AddField(*table, "A");
+        TVdTableDef* other = AddTable(p, "U");
+        for (int f = 0; f < filler; ++f)
+            AddField(*other, "B");
+        TVdTableDefs& tables = p.TableDefs();
+        EXPECT_EQ(tables.GetUniqueAlias("A", true), "A14") << filler;
+        EXPECT_EQ(tables.GetUniqueAlias("A1", true), "A14") << filler;
+        table->FieldDefs().Delete(13); // A13
+        EXPECT_EQ(tables.GetUniqueAlias("A", true), "A13") << filler;
+        EXPECT_EQ(tables.GetUniqueAlias("A1", true), "A13") << filler;
+        table->FieldDefs().Delete(5); // A5
+        EXPECT_EQ(tables.GetUniqueAlias("A", true), "A5") << filler;
+        EXPECT_EQ(tables.GetUniqueAlias("A1", true), "A13") << filler;
+        AddField(*table, "A");
+        EXPECT_EQ(table->FieldDefs().Items(12)->Alias(), "A5") << filler;
+        EXPECT_EQ(tables.GetUniqueAlias("A", true), "A13") << filler;
+        EXPECT_MODEL_OK(p);
+    }
+}
+
 TEST(VdTableDefs, FreedGeneratedAliasIsFoundAgainWithFewAndManyFields)
 {
     // Few fields are looked over, many are counted: both find the same aliases.
