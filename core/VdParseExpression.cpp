@@ -178,16 +178,9 @@ bool TVdExpressionReader::ReadQualified(TVdFunctionDef& node, TVdTableDef*& tabl
     // a part read without quotes keeps its plain text, and so do most names.
     std::string qualifier = P.NameText();
     std::string keptQualifier;
-    bool keptSame = true;
-    std::string qualifierAlias;
-    if (S.TokenQuoted()) {
-        keptQualifier = P.QuotedPartText(qualifier);
-        keptSame = keptQualifier == qualifier;
-        qualifierAlias = P.AliasText();
-    } else {
-        // Without quotes the alias text is the name text.
-        qualifierAlias = qualifier;
-    }
+    bool keptSame = P.KeepsPlainPart(qualifier, keptQualifier);
+    // Without quotes the alias text is the name text.
+    std::string qualifierAlias = S.TokenQuoted() ? P.AliasText() : qualifier;
     Consume();
     Consume(); // "."
     bool star = false;
@@ -204,11 +197,7 @@ bool TVdExpressionReader::ReadQualified(TVdFunctionDef& node, TVdTableDef*& tabl
             return true;
         }
         field = star ? std::string("*") : P.NameText();
-        fieldSame = star || !S.TokenQuoted();
-        if (!fieldSame) {
-            keptField = P.QuotedPartText(field);
-            fieldSame = keptField == field;
-        }
+        fieldSame = star || P.KeepsPlainPart(field, keptField);
         if (parameter)
             asWritten += "." + (star ? field : written());
         Consume();

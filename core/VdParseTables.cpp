@@ -599,28 +599,16 @@ void TVdSelectParser::DoParseTableDef()
         return Fail();
     // The parts kept in their quotes, held only once one differs from its plain text.
     std::string kept;
-    bool keptSame = true;
-    if (Scanner().TokenQuoted()) {
-        kept = QuotedPartText(name);
-        keptSame = kept == name;
-    }
+    bool keptSame = KeepsPlainPart(name, kept);
     Next();
+    std::string keptPart;
     while (IsDelimToken('.')) {
         Next();
         if (!IsNameKind())
             return Fail();
         const std::string part = NameText();
-        if (Scanner().TokenQuoted() || !keptSame) {
-            const std::string keptPart = Scanner().TokenQuoted() ? QuotedPartText(part) : part;
-            if (keptSame && keptPart != part) {
-                kept = name;
-                keptSame = false;
-            }
-            if (!keptSame) {
-                kept += '.';
-                kept += keptPart;
-            }
-        }
+        const bool partSame = KeepsPlainPart(part, keptPart);
+        AppendKeptPart(kept, keptSame, name, partSame ? part : keptPart, partSame);
         name += '.';
         name += part;
         Next();
@@ -848,15 +836,9 @@ bool TVdSelectParser::ReadJoinCondition(TVdTableDef*& owner, std::string& ownerF
         // without quotes the alias text is the name text.
         std::string qualifier = NameText();
         std::string keptQualifier;
-        bool keptSame = true;
-        TVdTableDef* table;
-        if (Scanner().TokenQuoted()) {
-            keptQualifier = QuotedPartText(qualifier);
-            keptSame = keptQualifier == qualifier;
-            table = FindTable(AliasText(), qualifier);
-        } else {
-            table = FindTable(qualifier, qualifier);
-        }
+        bool keptSame = KeepsPlainPart(qualifier, keptQualifier);
+        TVdTableDef* table =
+            FindTable(Scanner().TokenQuoted() ? AliasText() : qualifier, qualifier);
         Next();
         Next();
         if (!IsNameKind())
@@ -864,15 +846,7 @@ bool TVdSelectParser::ReadJoinCondition(TVdTableDef*& owner, std::string& ownerF
         TVdSQLScanner::TState atField = Scanner().SaveState();
         std::string field = NameText();
         std::string keptField;
-        bool fieldSame = true;
-        auto keepField = [&] {
-            fieldSame = !Scanner().TokenQuoted();
-            if (!fieldSame) {
-                keptField = QuotedPartText(field);
-                fieldSame = keptField == field;
-            }
-        };
-        keepField();
+        bool fieldSame = KeepsPlainPart(field, keptField);
         Next();
         bool dotted = false;
         while (IsDelimToken('.')) {
@@ -885,7 +859,7 @@ bool TVdSelectParser::ReadJoinCondition(TVdTableDef*& owner, std::string& ownerF
             qualifier += '.';
             qualifier += field;
             field = NameText();
-            keepField();
+            fieldSame = KeepsPlainPart(field, keptField);
             dotted = true;
             Next();
         }

@@ -197,6 +197,15 @@ protected:
     // plain text so far (plain) stands for it and keptSame is true.
     static void AppendKeptPart(std::string& kept, bool& keptSame, const std::string& plain,
                                const std::string& part, bool partSame);
+    // Whether the current token, read as a part with the plain text text, keeps that text;
+    // otherwise its kept text (QuotedPartText) is put into kept. Only a quoted part can differ.
+    bool KeepsPlainPart(const std::string& text, std::string& kept) const
+    {
+        if (!Scanner().TokenQuoted())
+            return true;
+        kept = QuotedPartText(text);
+        return kept == text;
+    }
     // The model text of a dotted name that names a table (FROM, a qualifier, a join).
     std::string TableNameText(const std::string& name) const;
     // Whether a printed name reads back as one name.
