@@ -248,6 +248,15 @@ void AppendClause(std::string& out, const TVdCriterions& list, const char* keywo
     AppendCriteria(out, list);
 }
 
+// TVdWhereItems::GetScript appended to out.
+void AppendWhere(std::string& out, const TVdCriterions& list)
+{
+    if (list.Owner())
+        AppendCriteria(out, list);
+    else
+        AppendClause(out, list, "WHERE");
+}
+
 // TVdHavingItems::GetScript appended to out.
 void AppendHaving(std::string& out, const TVdCriterions& list)
 {
@@ -277,10 +286,7 @@ TVdWhereItems::TVdWhereItems(TVdCriterion* owner)
 std::string TVdWhereItems::GetScript() const
 {
     std::string out;
-    if (Owner())
-        AppendCriteria(out, *this);
-    else
-        AppendClause(out, *this, "WHERE");
+    AppendWhere(out, *this);
     return out;
 }
 
@@ -299,18 +305,14 @@ std::string TVdHavingItems::GetScript() const
 void script::AppendCriteriaScript(std::string& out, const TVdCriterions& list)
 {
     const std::type_info& type = typeid(list);
-    if (type == typeid(TVdWhereItems)) {
-        if (list.Owner())
-            AppendCriteria(out, list);
-        else
-            AppendClause(out, list, "WHERE");
-    } else if (type == typeid(TVdHavingItems)) {
+    if (type == typeid(TVdWhereItems))
+        AppendWhere(out, list);
+    else if (type == typeid(TVdHavingItems))
         AppendHaving(out, list);
-    } else if (type == typeid(TVdCriterions)) {
+    else if (type == typeid(TVdCriterions))
         AppendCriteria(out, list);
-    } else {
+    else
         out += list.GetScript();
-    }
 }
 
 std::unique_ptr<TVdCriterions> TVdWhereItem::CreateSubItems()

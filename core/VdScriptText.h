@@ -94,17 +94,17 @@ inline void AppendBaseName(std::string& out, const TVdSQLScanner& scanner, const
     AppendBasePart(out, scanner, whole.substr(split + 1));
 }
 
-// scanner.ProcessName(name) appended to out. Another scanner class may print names its own
-// way, so it is asked.
+// scanner.ProcessName(name) appended to out; firstDot is where the first "." of name stands.
+// Another scanner class may print names its own way, so it is asked.
 inline void AppendScannerName(std::string& out, const TVdSQLScanner& scanner,
-                              const std::string& name)
+                              const std::string& name, size_t firstDot)
 {
     if (typeid(scanner) != typeid(TVdSQLScanner))
         out += scanner.ProcessName(name);
     else if (!scanner.TVdSQLScanner::GetQuoteIdentifiers())
         out += name;
     else
-        AppendBaseName(out, scanner, name, name.find('.'));
+        AppendBaseName(out, scanner, name, firstDot);
 }
 
 // TVdSelectParser::ProcessItemName(name) appended to out.
@@ -124,12 +124,7 @@ inline void AppendItemName(std::string& out, const TVdSelectParser& parser, cons
         out += quote;
         return;
     }
-    if (typeid(scanner) != typeid(TVdSQLScanner))
-        out += scanner.ProcessName(name);
-    else if (!quoting)
-        out += name;
-    else
-        AppendBaseName(out, scanner, name, firstDot);
+    AppendScannerName(out, scanner, name, firstDot);
 }
 
 // ProcessAlias(alias) of a table or field with this parser: processed as a name where the

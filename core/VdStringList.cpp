@@ -59,7 +59,7 @@ void TVdStringList::AppendItemScript(std::string& out, const std::string& line) 
     if (!FParser || IsPosition(line))
         out += line;
     else
-        script::AppendScannerName(out, FParser->Scanner(), line);
+        script::AppendScannerName(out, FParser->Scanner(), line, line.find('.'));
 }
 
 std::string TVdStringList::ClauseScript(const char* first, const char* second,
