@@ -119,22 +119,17 @@ void TVdJoinDef::AppendCondition(std::string& out, bool joinedFirst, const TVdTa
                                  const TVdTableDef& joined) const
 {
     const TVdSelectParser* parser = Parser();
+    std::string mirrored;
+    bool swapped = false;
     if (joinedFirst) {
-        std::string operation = Operation;
-        if (MirrorComparison(operation)) {
-            AppendSide(out, parser, joined, JoinField);
-            out += ' ';
-            out += operation;
-            out += ' ';
-            AppendSide(out, parser, owner, FieldName);
-            return;
-        }
+        mirrored = Operation;
+        swapped = MirrorComparison(mirrored);
     }
-    AppendSide(out, parser, owner, FieldName);
+    AppendSide(out, parser, swapped ? joined : owner, swapped ? JoinField : FieldName);
     out += ' ';
-    out += Operation;
+    out += swapped ? mirrored : Operation;
     out += ' ';
-    AppendSide(out, parser, joined, JoinField);
+    AppendSide(out, parser, swapped ? owner : joined, swapped ? FieldName : JoinField);
 }
 
 std::string TVdJoinDef::GetScript() const
