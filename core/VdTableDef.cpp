@@ -321,30 +321,47 @@ TVdTableDef* TVdTableDefs::FindByAliasOrName(const std::string& text) const
     return table ? table : FindByName(text);
 }
 
+namespace {
+
+// The first field of the tables, table after table, for which found holds; null for none.
+// A table whose field list was never made has no fields and is passed over without making it.
+template <class Found> TVdFieldDef* FindField(const TVdTableDefs& tables, Found found)
+{
+    for (int t = 0; t < tables.Count(); ++t) {
+        const TVdFieldDefs* fields = tables.Items(t)->FieldList();
+        for (int f = 0, n = fields ? fields->Count() : 0; f < n; ++f)
+            if (found(fields->Items(f)))
+                return fields->Items(f);
+    }
+    return nullptr;
+}
+
+// Every field of the tables, table after table.
+template <class Visit> void ForEachField(const TVdTableDefs& tables, Visit visit)
+{
+    FindField(tables, [&visit](TVdFieldDef* field) {
+        visit(field);
+        return false;
+    });
+}
+
+} // namespace
+
 std::vector<TVdFieldDef*> TVdTableDefs::FieldsInOrder() const
 {
     std::vector<TVdFieldDef*> ordered(size_t(FFieldCount), nullptr);
-    for (int t = 0; t < Count(); ++t) {
-        const TVdFieldDefs* fields = Items(t)->FieldList();
-        for (int f = 0, n = fields ? fields->Count() : 0; f < n; ++f) {
-            TVdFieldDef* field = fields->Items(f);
-            const int index = field->FieldIndex();
-            if (index >= 0 && index < FFieldCount && !ordered[size_t(index)])
-                ordered[size_t(index)] = field;
-        }
-    }
+    ForEachField(*this, [&](TVdFieldDef* field) {
+        const int index = field->FieldIndex();
+        if (index >= 0 && index < FFieldCount && !ordered[size_t(index)])
+            ordered[size_t(index)] = field;
+    });
     return ordered;
 }
 
 TVdFieldDef* TVdTableDefs::GetFieldDefs(int index) const
 {
-    for (int t = 0; t < Count(); ++t) {
-        const TVdFieldDefs* fields = Items(t)->FieldList();
-        for (int f = 0, n = fields ? fields->Count() : 0; f < n; ++f)
-            if (fields->Items(f)->FieldIndex() == index)
-                return fields->Items(f);
-    }
-    return nullptr;
+    return FindField(*this,
+                     [index](const TVdFieldDef* field) { return field->FieldIndex() == index; });
 }
 
 bool TVdTableDefs::IsTableJoined(const TVdTableDef& table) const
@@ -534,15 +551,10 @@ std::string TVdTableDefs::GetScript() const
 
 bool TVdTableDefs::AliasUsed(const std::string& alias) const
 {
-    if (!FCounting) {
-        for (int t = 0; t < Count(); ++t) {
-            const TVdFieldDefs* fields = Items(t)->FieldList();
-            for (int f = 0, n = fields ? fields->Count() : 0; f < n; ++f)
-                if (fields->Items(f)->Alias() == alias)
-                    return true;
-        }
-        return false;
-    }
+    if (!FCounting)
+        return FindField(*this, [&alias](const TVdFieldDef* field) {
+                   return field->Alias() == alias;
+               }) != nullptr;
     if (alias.empty())
         return FEmptyAliases > 0;
     const int* count = FAliasCount.Find(alias);
@@ -553,9 +565,9 @@ void TVdTableDefs::CountAlias(const std::string& alias, int delta)
 {
     if (!FCounting) {
         // Whether another field still holds the alias is not known: the hints it may have
-        // bounded go (they only shorten a search, so the aliases found stay the same).
+        // bounded are lowered (they only shorten a search, so the aliases found stay the same).
         if (delta < 0)
-            ForgetCounterHints(alias);
+            LowerCounterHints(alias);
         return;
     }
     if (alias.empty()) {
@@ -573,10 +585,10 @@ void TVdTableDefs::CountAlias(const std::string& alias, int delta)
     if (*count > 0)
         return;
     FAliasCount.Erase(alias);
-    ForgetCounterHints(alias);
+    LowerCounterHints(alias);
 }
 
-void TVdTableDefs::ForgetCounterHints(const std::string& alias)
+void TVdTableDefs::LowerCounterHints(const std::string& alias)
 {
     if (FCounterHint.Empty())
         return;
@@ -606,11 +618,7 @@ void TVdTableDefs::StartCounting()
     FCounting = true;
     FAliasCount.Clear();
     FEmptyAliases = 0;
-    for (int t = 0; t < Count(); ++t) {
-        const TVdFieldDefs* fields = Items(t)->FieldList();
-        for (int f = 0, n = fields ? fields->Count() : 0; f < n; ++f)
-            CountAlias(fields->Items(f)->Alias(), +1);
-    }
+    ForEachField(*this, [this](const TVdFieldDef* field) { CountAlias(field->Alias(), +1); });
 }
 
 std::string TVdTableDefs::GetUniqueAlias(const std::string& name, bool force)

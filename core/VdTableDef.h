@@ -182,7 +182,8 @@ private:
     TVdNameCounts FAliasCount;
     int FEmptyAliases = 0;
     void CountAlias(const std::string& alias, int delta);
-    void ForgetCounterHints(const std::string& alias);
+    // A freed alias name<k>: the counter hint of every name it may come from drops below k.
+    void LowerCounterHints(const std::string& alias);
     // Counts the aliases of every field, from now on kept up to date.
     void StartCounting();
     TVdNameCounts FCounterHint;
