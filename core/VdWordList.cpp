@@ -114,12 +114,6 @@ void TVdWordList::BuildIndex() const
 // binary search over the sorted list or a scan over the unsorted one finds).
 int TVdWordList::Lookup(std::string_view word) const
 {
-    if (!FIndexValid)
-        BuildIndex();
-    if (word.empty())
-        return IndexOfEmpty();
-    if (!MayHold(word))
-        return -1;
     for (std::uint32_t s = ProbeHash(word) & FSlotMask;; s = (s + 1) & FSlotMask) {
         const std::int32_t at = FSlots[s];
         if (at == 0)

@@ -23,10 +23,12 @@ public:
     // Index of the word (case-insensitive), or -1.
     int IndexOf(std::string_view word) const
     {
+        if (!FIndexValid)
+            BuildIndex();
+        if (word.empty())
+            return IndexOfEmpty();
         // Most probes are no word of the list: turned away here, without a call.
-        if (FIndexValid && !word.empty() && !MayHold(word))
-            return -1;
-        return Lookup(word);
+        return MayHold(word) ? Lookup(word) : -1;
     }
     bool Contains(std::string_view word) const { return IndexOf(word) >= 0; }
 
@@ -47,6 +49,7 @@ private:
     static std::uint64_t NextStamp();
     void BuildIndex() const;
     int IndexOfEmpty() const;
+    // The probe of the table, for a word that is not empty and passed the filters.
     int Lookup(std::string_view word) const;
     // Case-insensitive for letters; other characters may share a row, which only weakens
     // the filter.
