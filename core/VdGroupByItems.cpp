@@ -26,11 +26,16 @@ const std::string& TablePrefix(const TVdFieldDef& field)
 
 } // namespace
 
-std::vector<const TVdFieldDef*> TVdGroupByItems::DerivedFields() const
+std::vector<TVdFieldDef*> TVdGroupByItems::ParserFields() const
 {
     if (!Parser())
         return {};
-    return DerivedFields(Parser()->TableDefs().FieldsInOrder());
+    return Parser()->TableDefs().FieldsInOrder();
+}
+
+std::vector<const TVdFieldDef*> TVdGroupByItems::DerivedFields() const
+{
+    return DerivedFields(ParserFields());
 }
 
 std::vector<const TVdFieldDef*>
@@ -375,14 +380,7 @@ private:
 
 } // namespace
 
-void TVdGroupByItems::Rebuild()
-{
-    if (!Parser()) {
-        Rebuild({});
-        return;
-    }
-    Rebuild(Parser()->TableDefs().FieldsInOrder());
-}
+void TVdGroupByItems::Rebuild() { Rebuild(ParserFields()); }
 
 void TVdGroupByItems::Rebuild(const std::vector<TVdFieldDef*>& fields)
 {
@@ -442,12 +440,7 @@ std::string TVdGroupByItems::GetScript()
     return out;
 }
 
-void TVdGroupByItems::AppendScript(std::string& out)
-{
-    if (Parser())
-        Rebuild();
-    AppendClause(out, "GROUP", "BY", FLines);
-}
+void TVdGroupByItems::AppendScript(std::string& out) { AppendScript(out, ParserFields()); }
 
 void TVdGroupByItems::AppendScript(std::string& out, const std::vector<TVdFieldDef*>& fields)
 {

@@ -48,6 +48,8 @@ public:
                                     const std::vector<const TVdFieldDef*>& printed) const;
 
 private:
+    // The parser's fields in order (TVdTableDefs::FieldsInOrder); none without a parser.
+    std::vector<TVdFieldDef*> ParserFields() const;
     std::string DerivedLine(const TVdFieldDef& field) const;
     void AppendDerivedLine(std::string& line, const TVdFieldDef& field) const;
     std::vector<std::string> DerivedLines(const std::vector<const TVdFieldDef*>& derived) const;
