@@ -599,7 +599,7 @@ void TVdTableDefs::LowerCounterHints(const std::string& alias)
     long long scale = 1;
     for (size_t i = alias.size(); i > 0 && std::isdigit(static_cast<unsigned char>(alias[i - 1]));
          --i) {
-        const std::string name = alias.substr(0, i - 1);
+        const std::string_view name = std::string_view(alias).substr(0, i - 1);
         int* hint = FCounterHint.Find(name);
         if (scale > 100000000) {
             if (hint)
