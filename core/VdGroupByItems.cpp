@@ -6,6 +6,7 @@
 #include "core/VdTableDef.h"
 #include "core/VdText.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <initializer_list>
 #include <string_view>
@@ -380,6 +381,55 @@ private:
 
 } // namespace
 
+// The kept items that print as derived lines, matched by their text alone: a statement that
+// groups as the builder prints it needs no index of names, aliases and positions.
+TVdGroupByItems::TLineMatch
+TVdGroupByItems::MatchKeptLines(const std::vector<std::string>& lines) const
+{
+    TLineMatch match;
+    match.Covered.assign(lines.size(), false);
+    match.AllKeptNamed = true;
+    // Few items against few lines are compared directly; more go through a table of the
+    // items' texts.
+    if (FKept.size() * lines.size() <= 256) {
+        std::string script;
+        for (const std::string& item : FKept) {
+            script.clear();
+            AppendItemScript(script, item);
+            bool named = false;
+            for (size_t j = 0; j < lines.size(); ++j)
+                if (lines[j] == script) {
+                    match.Covered[j] = true;
+                    named = true;
+                }
+            match.AllKeptNamed = match.AllKeptNamed && named;
+        }
+        return match;
+    }
+    std::vector<std::string> scripts(FKept.size());
+    TKeyTable byScript;
+    byScript.Reserve(FKept.size());
+    for (size_t i = 0; i < FKept.size(); ++i) {
+        AppendItemScript(scripts[i], FKept[i]);
+        TKeyHash hash;
+        hash.AddText(scripts[i]);
+        byScript.Add(hash.Value(), int(i));
+    }
+    std::vector<bool> named(FKept.size(), false);
+    for (size_t j = 0; j < lines.size(); ++j) {
+        TKeyHash hash;
+        hash.AddText(lines[j]);
+        byScript.ForEach(hash.Value(), [&](int i) {
+            if (scripts[size_t(i)] == lines[j]) {
+                match.Covered[j] = true;
+                named[size_t(i)] = true;
+            }
+        });
+    }
+    match.AllKeptNamed = std::find(named.begin(), named.end(), false) == named.end();
+    return match;
+}
+
 void TVdGroupByItems::Rebuild() { Rebuild(ParserFields()); }
 
 void TVdGroupByItems::Rebuild(const std::vector<TVdFieldDef*>& fields)
@@ -396,6 +446,12 @@ void TVdGroupByItems::Rebuild(const std::vector<TVdFieldDef*>& fields)
         return;
     }
     std::vector<std::string> lines = DerivedLines(derived);
+    if (MatchKeptLines(lines).AllKeptNamed) {
+        // Each kept item prints as a derived line, so it names that line's field: none is
+        // added.
+        FLines = std::move(lines);
+        return;
+    }
     // The items to add are gathered first: the index reads the derived lines in place.
     std::vector<std::string> added;
     {
@@ -423,6 +479,13 @@ TVdGroupByItems::KeptGroupings(const std::vector<const TVdFieldDef*>& derived,
     if (FKept.empty())
         return grouped;
     const std::vector<std::string> lines = DerivedLines(derived);
+    {
+        // Every derived line written as a kept item: each field is grouped, whatever else the
+        // kept items name.
+        const TLineMatch match = MatchKeptLines(lines);
+        if (std::find(match.Covered.begin(), match.Covered.end(), false) == match.Covered.end())
+            return match.Covered;
+    }
     const TDerivedIndex index(derived, lines);
     std::string script;
     for (const std::string& item : FKept) {

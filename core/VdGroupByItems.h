@@ -53,6 +53,13 @@ private:
     std::string DerivedLine(const TVdFieldDef& field) const;
     void AppendDerivedLine(std::string& line, const TVdFieldDef& field) const;
     std::vector<std::string> DerivedLines(const std::vector<const TVdFieldDef*>& derived) const;
+    struct TLineMatch {
+        // Per derived line, whether a kept item prints as it.
+        std::vector<bool> Covered;
+        // Whether every kept item prints as a derived line.
+        bool AllKeptNamed = false;
+    };
+    TLineMatch MatchKeptLines(const std::vector<std::string>& lines) const;
 
     std::vector<std::string> FKept;
 };

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 using namespace vd;
 
@@ -121,6 +122,100 @@ TEST(KeepsMeaningGrouping, ManyColumnsAreGroupedUnderEverySpellingAsAFewAre)
         printed += "  COUNT(*) AS FIELD_1\r\nFROM\r\n  \"T\"\r\nGROUP BY\r\n" + derived +
                    "  \"x\",\r\n  " + std::to_string(count - 1) + ",\r\n  \"ZZ\"\r\n";
         EXPECT_EQ(Print(text), printed) << count << " columns";
+    }
+}
+
+namespace {
+
+// SELECT T.C1, ..., T.Cn, COUNT(*) FROM T: the text, and its print up to GROUP BY followed by
+// the derived lines.
+struct TColumns {
+    std::string Text;
+    std::string Printed;
+    std::vector<std::string> Lines;
+};
+
+TColumns Columns(int count)
+{
+    TColumns columns{"SELECT ", "SELECT \r\n", {}};
+    for (int i = 1; i <= count; ++i) {
+        const std::string column = "C" + std::to_string(i);
+        columns.Text += "T." + column + ", ";
+        columns.Printed += "  \"T\".\"" + column + "\",\r\n";
+        columns.Lines.push_back("\"T\".\"" + column + "\"");
+    }
+    columns.Text += "COUNT(*) FROM T GROUP BY ";
+    columns.Printed += "  COUNT(*) AS FIELD_1\r\nFROM\r\n  \"T\"\r\nGROUP BY\r\n";
+    for (const std::string& line : columns.Lines)
+        columns.Printed += "  " + line + ",\r\n";
+    return columns;
+}
+
+std::string WithoutLastComma(std::string printed)
+{
+    printed.erase(printed.size() - 3, 1);
+    return printed;
+}
+
+} // namespace
+
+// A GROUP BY written as the builder prints it, in any order, is matched by its text: a few
+// items line by line, many through a table. Both must print what every other spelling does.
+TEST(KeepsMeaningGrouping, ItemsWrittenAsPrintedInAnotherOrderAddNothing)
+{
+    for (const int count : {6, 20}) {
+        TColumns columns = Columns(count);
+        for (int i = count - 1; i >= 0; --i)
+            columns.Text += columns.Lines[size_t(i)] + (i ? ", " : "");
+        EXPECT_EQ(Print(columns.Text), WithoutLastComma(columns.Printed)) << count;
+    }
+}
+
+TEST(KeepsMeaningGrouping, ColumnTwiceIsGroupedTwiceByOneItemWrittenAsPrinted)
+{
+    EXPECT_EQ(Print("SELECT A, A, COUNT(*) FROM T GROUP BY \"T\".\"A\""),
+              "SELECT \r\n  \"T\".\"A\",\r\n  \"T\".\"A\" AS A1,\r\n  COUNT(*) AS FIELD_1\r\n"
+              "FROM\r\n  \"T\"\r\nGROUP BY\r\n  \"T\".\"A\",\r\n  \"T\".\"A\"\r\n");
+}
+
+// One item spelled otherwise sends the whole list through the index of names, aliases and
+// positions: an item no column has follows the derived lines.
+TEST(KeepsMeaningGrouping, ItemsAsPrintedWithOneMoreKeepTheMoreOne)
+{
+    for (const int count : {6, 20}) {
+        TColumns columns = Columns(count);
+        for (const std::string& line : columns.Lines)
+            columns.Text += line + ", ";
+        columns.Text += "ZZ";
+        EXPECT_EQ(Print(columns.Text), columns.Printed + "  \"ZZ\"\r\n") << count;
+    }
+}
+
+TEST(KeepsMeaningGrouping, ColumnGroupedByAliasBesideItemsAsPrintedIsAccepted)
+{
+    for (const int count : {6, 20}) {
+        TColumns columns = Columns(count);
+        const std::string last = "T.C" + std::to_string(count);
+        columns.Text.replace(columns.Text.find(last + ","), last.size(), last + " AS X");
+        for (int i = 0; i + 1 < count; ++i)
+            columns.Text += columns.Lines[size_t(i)] + ", ";
+        columns.Text += "x";
+        const std::string printed = Print(columns.Text);
+        EXPECT_NE(printed.find(" AS X,\r\n"), std::string::npos) << printed;
+        EXPECT_NE(printed.find(",\r\n  \"x\"\r\n"), std::string::npos) << printed;
+    }
+}
+
+TEST(KeepsMeaningGrouping, ColumnLeftOutOfItemsAsPrintedIsRefused)
+{
+    for (const int count : {6, 20}) {
+        TColumns columns = Columns(count);
+        for (int i = 0; i + 1 < count; ++i)
+            columns.Text += columns.Lines[size_t(i)] + (i + 2 < count ? ", " : "");
+        // Reported where the column starts in the select list.
+        const std::string column = "T.C" + std::to_string(count) + ",";
+        EXPECT_EQ(Refusal(columns.Text), InvalidToken("T", int(columns.Text.find(column)) + 1))
+            << count;
     }
 }
 
