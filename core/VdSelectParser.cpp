@@ -486,14 +486,18 @@ void TVdSelectParser::CopyField(const TVdFieldDef& field, bool hasAlias, const s
 {
     TVdFieldDef* copy = target.FieldDefs().Add();
     FFieldPlaces.emplace_back(copy, place);
+    // T.* takes no alias. An alias known from the start is set first, so that the name does
+    // not generate one only to have it replaced; set again at the end, it stays whatever
+    // the kind generated meanwhile.
+    const std::string* known = hasAlias ? &alias : field.Name() == "*" ? &field.Name() : nullptr;
+    if (known)
+        copy->SetAlias(*known);
     copy->SetName(field.Name());
     copy->SetKind(field.Kind());
     if (field.ArgumentCount() > 0)
         copy->Arguments().Assign(*field.ArgumentList());
-    if (hasAlias)
-        copy->SetAlias(alias);
-    else if (field.Name() == "*")
-        copy->SetAlias(field.Name()); // T.* takes no alias
+    if (known)
+        copy->SetAlias(*known);
     else if (copy->Alias() != copy->Name())
         copy->SetAlias(PrintableAlias(copy->Alias()));
 }

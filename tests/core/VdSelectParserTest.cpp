@@ -1269,6 +1269,30 @@ TEST(SelectParserGolden, ExplicitAliases)
               "  \"T\"\r\n");
 }
 
+// A name given as an alias holds no generated one meanwhile: the next copy of the column
+// takes the name, the one after it the first free counter; the star and an aggregate named
+// as a column keep what the text gave.
+TEST(SelectParserGolden, GivenAliasesLeaveTheGeneratedOnesFree)
+{
+    EXPECT_EQ(Print("SELECT A AS X, A, A, COUNT(*) AS A, T.*, MAX(B), C AS \"A1\" FROM T"),
+              "SELECT \r\n"
+              "  \"T\".\"A\" AS X,\r\n"
+              "  \"T\".\"A\",\r\n"
+              "  \"T\".\"A\" AS A1,\r\n"
+              "  COUNT(*) AS A,\r\n"
+              "  \"T\".*,\r\n"
+              "  MAX(\"T\".\"B\") AS FIELD_1,\r\n"
+              "  \"T\".\"C\" AS \"A1\"\r\n"
+              "FROM\r\n"
+              "  \"T\"\r\n"
+              "GROUP BY\r\n"
+              "  \"T\".\"A\",\r\n"
+              "  \"T\".\"A\",\r\n"
+              "  \"T\".\"A\",\r\n"
+              "  \"T\".\"*\",\r\n"
+              "  \"T\".\"C\"\r\n");
+}
+
 TEST(SelectParserGolden, StoredProcedureCalls)
 {
     EXPECT_EQ(Print("SELECT * FROM PROC(:A, 5)"), "SELECT *\r\nFROM\r\n  \"PROC\"(:A, :5)\r\n");
