@@ -32,8 +32,8 @@ public:
 private:
     static constexpr size_t ListLimit = 32;
 
-    // A name of the table: its characters in the table's Names, at At, Size long. Sixteen bytes, as
-    // the table is at most half full.
+    // A name of the table: its characters in the table's Names, at At, Size long. Sixteen
+    // bytes, as the table is at most half full.
     static constexpr std::uint32_t Vacant = 0xFFFFFFFF;
     struct TSlot {
         std::uint32_t At = 0;
