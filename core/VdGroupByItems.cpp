@@ -48,9 +48,14 @@ TVdGroupByItems::DerivedFields(const std::vector<TVdFieldDef*>& fields) const
         return derived;
     bool aggregates = false;
     bool plain = false;
-    // Only output fields count: a procedure's input parameters are its arguments.
+    // Only output columns count: a procedure's input parameters are its arguments, and T.*
+    // is no column to group by (engines refuse it in GROUP BY, quoted or not, and SQLite
+    // takes it beside an aggregate without one).
+    const auto counts = [](const TVdFieldDef* field) {
+        return field && !field->IsInputParam() && field->Name() != "*";
+    };
     for (const TVdFieldDef* field : fields) {
-        if (!field || field->IsInputParam())
+        if (!counts(field))
             continue;
         if (field->Kind() == fkFunction && parser->Aggregates().Contains(field->Name()))
             aggregates = true;
@@ -61,7 +66,7 @@ TVdGroupByItems::DerivedFields(const std::vector<TVdFieldDef*>& fields) const
         return derived;
     derived.reserve(fields.size());
     for (const TVdFieldDef* field : fields)
-        if (field && !field->IsInputParam() && field->Kind() == fkIdentifier &&
+        if (counts(field) && field->Kind() == fkIdentifier &&
             !parser->Aggregates().Contains(field->Name()))
             derived.push_back(field);
     return derived;

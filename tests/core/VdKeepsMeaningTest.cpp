@@ -219,6 +219,24 @@ TEST(KeepsMeaningGrouping, ColumnLeftOutOfItemsAsPrintedIsRefused)
     }
 }
 
+// T.* is no column to group by: beside aggregates it derives no GROUP BY line, and a written
+// GROUP BY need not name it.
+TEST(KeepsMeaningGrouping, StarBesideAggregatesDerivesNoGroupByLine)
+{
+    EXPECT_EQ(Print("SELECT T.*, MAX(B) FROM T"),
+              "SELECT \r\n  \"T\".*,\r\n  MAX(\"T\".\"B\") AS FIELD_1\r\nFROM\r\n  \"T\"\r\n");
+    EXPECT_EQ(Print("SELECT A, T.*, COUNT(*) FROM T"),
+              "SELECT \r\n  \"T\".\"A\",\r\n  \"T\".*,\r\n  COUNT(*) AS FIELD_1\r\nFROM\r\n"
+              "  \"T\"\r\nGROUP BY\r\n  \"T\".\"A\"\r\n");
+}
+
+TEST(KeepsMeaningGrouping, WrittenGroupByNeedNotNameTheStar)
+{
+    EXPECT_EQ(Print("SELECT T.*, MAX(B) FROM T GROUP BY T.A, T.B"),
+              "SELECT \r\n  \"T\".*,\r\n  MAX(\"T\".\"B\") AS FIELD_1\r\nFROM\r\n  \"T\"\r\n"
+              "GROUP BY\r\n  \"T\".\"A\",\r\n  \"T\".\"B\"\r\n");
+}
+
 TEST(KeepsMeaningGrouping, ColumnBesideAggregatesThatGroupByLeavesOutIsRefused)
 {
     // Printed, the derived list would group by B too and return other rows.

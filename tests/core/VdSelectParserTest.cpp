@@ -1289,7 +1289,6 @@ TEST(SelectParserGolden, GivenAliasesLeaveTheGeneratedOnesFree)
               "  \"T\".\"A\",\r\n"
               "  \"T\".\"A\",\r\n"
               "  \"T\".\"A\",\r\n"
-              "  \"T\".\"*\",\r\n"
               "  \"T\".\"C\"\r\n");
 }
 

@@ -49,4 +49,22 @@ TEST(SQLiteDeliberate, GroupByListsPlainColumnsOnly)
     EXPECT_TRUE(RowCounts(entry, printed, 4, 6));
 }
 
+// T.* beside an aggregate: SQLite runs it without a GROUP BY (one row), and the print adds
+// none; a star is no column the derived GROUP BY could list ("T"."*" there named a column
+// called *, and SQLite refused the print).
+TEST(SQLiteKeeps, StarBesideAnAggregateRunsAsWritten)
+{
+    ASSERT_TRUE(SuiteDatabaseReady());
+    TFamilyStatement entry;
+    entry.Text = "SELECT S.*, COUNT(*) FROM SUPPLIERS S";
+    std::string printed;
+    ASSERT_TRUE(PrintFor(TEngine::SQLite, entry, printed));
+    EXPECT_EQ(printed.find("GROUP BY"), std::string::npos) << printed;
+    TRows reference, rows;
+    ASSERT_TRUE(Runs(entry, entry.Text, reference));
+    ASSERT_TRUE(Runs(entry, printed, rows));
+    EXPECT_EQ(reference.size(), 1u);
+    EXPECT_EQ(rows, reference);
+}
+
 } // namespace vdengine
