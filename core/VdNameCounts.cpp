@@ -36,9 +36,8 @@ int* TVdNameCounts::Find(std::string_view name)
 int& TVdNameCounts::operator[](std::string_view name)
 {
     if (!FTable) {
-        for (auto& entry : FList)
-            if (entry.first == name)
-                return entry.second;
+        if (int* found = Find(name))
+            return *found;
         if (FList.size() < ListLimit)
             return FList.emplace_back(std::string(name), 0).second;
         // The list is full: its names move to the table.
