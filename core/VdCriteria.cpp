@@ -58,7 +58,7 @@ void TVdCriterion::SetParser(TVdSelectParser* parser)
     if (FSubItems)
         FSubItems->SetParser(parser);
     if (parser) {
-        const TVdOperators& operators = parser->Operators();
+        const TVdOperators& operators = parser->OperatorTable();
         if (operators.Count() > 0 && !operators.FindByCaption(FOperator))
             FOperator = operators.Items(0)->Caption;
     }
@@ -142,7 +142,7 @@ void AppendComparison(std::string& out, const TVdCriterion& criterion)
     // other words (not in-1 reads as NOT, IN, -1 where only upper-case letters make words).
     const TVdSelectParser* parser = criterion.Parser();
     const TVdOperator* op =
-        parser ? parser->Operators().FindByCaption(criterion.Operator()) : nullptr;
+        parser ? parser->OperatorTable().FindByCaption(criterion.Operator()) : nullptr;
     if (!parser || op)
         script::AppendKeyword(out, parser, criterion.Operator());
     else
@@ -152,7 +152,7 @@ void AppendComparison(std::string& out, const TVdCriterion& criterion)
     const TVdCriterions* list = ListOf(criterion);
     const TVdSelectParser* listParser = list ? list->Parser() : nullptr;
     if (listParser != parser)
-        op = listParser ? listParser->Operators().FindByCaption(criterion.Operator()) : nullptr;
+        op = listParser ? listParser->OperatorTable().FindByCaption(criterion.Operator()) : nullptr;
     // No blank after an operator without right side (IS NULL).
     const size_t mark = out.size();
     out += ' ';

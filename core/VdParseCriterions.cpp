@@ -195,8 +195,8 @@ bool TVdCriteriaReader::ExtendsOperator(const std::string& pending) const
         text += ' ';
     text += S.Token();
     bool partial = false;
-    const TVdOperator* op = P.Operators().FindNearest(text, partial);
-    return (op && !partial) || P.Operators().IsCaptionStart(text);
+    const TVdOperator* op = P.OperatorTable().FindNearest(text, partial);
+    return (op && !partial) || P.OperatorTable().IsCaptionStart(text);
 }
 
 // The operator, read as its words arrive ("IS", "NOT", "NULL"), then its arguments.
@@ -223,7 +223,7 @@ bool TVdCriteriaReader::ReadOperator(TVdCriterion& criterion)
             text += ' ';
         text += S.Token();
         bool partial = false;
-        const TVdOperator* op = P.Operators().FindNearest(text, partial);
+        const TVdOperator* op = P.OperatorTable().FindNearest(text, partial);
         if (op && !partial) {
             if (!ReadArguments(criterion, *op))
                 return false;
@@ -234,7 +234,7 @@ bool TVdCriteriaReader::ReadOperator(TVdCriterion& criterion)
         // comparison (like%) that only begins with a caption: left pending, it printed
         // against its operand, which then read it back as part of the left side. Later
         // tokens may (NOT IN-#).
-        const bool captionStart = P.Operators().IsCaptionStart(text);
+        const bool captionStart = P.OperatorTable().IsCaptionStart(text);
         if (op && pending.empty() && !captionStart && kind != tkKeyword && kind != tkComparison)
             op = nullptr;
         if (!op && !captionStart)

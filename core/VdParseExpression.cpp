@@ -69,8 +69,8 @@ bool TVdExpressionReader::AtStop(int depth) const
     // LIKE, IN, BETWEEN, IS are plain words to the scanner: in a condition they end an operand.
     if (Context == TVdExprContext::Condition && (kind == tkIdent || kind == tkKeyword)) {
         bool partial = false;
-        const TVdOperator* op = P.Operators().FindNearest(S.Token(), partial);
-        return (op && !partial) || P.Operators().IsCaptionStart(S.Token());
+        const TVdOperator* op = P.OperatorTable().FindNearest(S.Token(), partial);
+        return (op && !partial) || P.OperatorTable().IsCaptionStart(S.Token());
     }
     return false;
 }

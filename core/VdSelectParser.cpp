@@ -1,6 +1,7 @@
 #include "core/VdSelectParser.h"
 
 #include "core/VdScriptText.h"
+#include "core/VdSharedTable.h"
 
 #include <algorithm>
 #include <charconv>
@@ -73,22 +74,70 @@ TVdCriterions& TVdSelectParser::HavingItems() const
     return *FHavingItems;
 }
 
+namespace {
+
+bool SameWords(const TVdWordList& a, const TVdWordList& b)
+{
+    return a.Sorted() == b.Sorted() && a.Items() == b.Items();
+}
+
+bool SameOperator(const TVdOperator& a, const TVdOperator& b)
+{
+    return typeid(a) == typeid(b) && a.Count == b.Count && a.Prefix == b.Prefix &&
+           a.Relate == b.Relate && a.Caption == b.Caption && a.Name == b.Name &&
+           a.Postfix == b.Postfix;
+}
+
+bool SameOperators(const TVdOperators& a, const TVdOperators& b)
+{
+    if (a.Count() != b.Count())
+        return false;
+    for (int i = 0; i < a.Count(); ++i)
+        if (!SameOperator(*a.Items(i), *b.Items(i)))
+            return false;
+    return true;
+}
+
+} // namespace
+
 const TVdWordList& TVdSelectParser::Aggregates() const
 {
-    if (!FAggregates) {
+    if (FAggregates)
+        return *FAggregates;
+    if (!FSharedAggregates) {
         FAggregates = std::make_unique<TVdWordList>();
         const_cast<TVdSelectParser*>(this)->DefineAggregates();
+        // The lookup index fills on first use: filled here, a shared list is only read.
+        FAggregates->PrepareLookups();
+        FSharedAggregates = TVdSharedTables<TVdWordList>::Share(std::move(FAggregates), SameWords);
     }
-    return *FAggregates;
+    return *FSharedAggregates;
 }
 
 TVdOperators& TVdSelectParser::Operators() const
 {
     if (!FOperators) {
         FOperators = std::make_unique<TVdOperators>();
-        const_cast<TVdSelectParser*>(this)->DefineOperators();
+        if (FSharedOperators)
+            FOperators->Assign(*FSharedOperators);
+        else
+            const_cast<TVdSelectParser*>(this)->DefineOperators();
+        FSharedOperators.reset();
     }
     return *FOperators;
+}
+
+const TVdOperators& TVdSelectParser::OperatorTable() const
+{
+    if (FOperators)
+        return *FOperators;
+    if (!FSharedOperators) {
+        FOperators = std::make_unique<TVdOperators>();
+        const_cast<TVdSelectParser*>(this)->DefineOperators();
+        FSharedOperators =
+            TVdSharedTables<TVdOperators>::Share(std::move(FOperators), SameOperators);
+    }
+    return *FSharedOperators;
 }
 
 std::string TVdSelectParser::GetCommaAggregates() const { return "SUM,MIN,MAX,AVG,COUNT"; }
@@ -127,6 +176,9 @@ void TVdSelectParser::DefineOperators()
 void TVdSelectParser::SetAggregates(const TVdWordList& words)
 {
     Aggregates();
+    if (!FAggregates)
+        FAggregates = std::make_unique<TVdWordList>();
+    FSharedAggregates.reset();
     FAggregates->Assign(words, false);
     FAggregates->Sort();
 }
@@ -731,7 +783,7 @@ bool TVdSelectParser::IsOperatorWord(const std::string& word) const
     if (text::SameText(word, "NULL"))
         return true;
     bool partial = false;
-    return Operators().FindNearest(word, partial) || Operators().IsCaptionStart(word);
+    return OperatorTable().FindNearest(word, partial) || OperatorTable().IsCaptionStart(word);
 }
 
 // An ORDER BY item that is an expression, from its first token up to a "," or a keyword outside

@@ -117,7 +117,11 @@ public:
     const TVdGroupByItems& GroupByItems() const { return FGroupByItems; }
     TVdCriterions& HavingItems() const;
     const TVdWordList& Aggregates() const;
+    // The parser's own operator table, made on the first call: the caller may change it.
     TVdOperators& Operators() const;
+    // The operators as parsing and printing read them: the parser's own table once it has one,
+    // until then the table DefineOperators builds, shared with every parser that built the same.
+    const TVdOperators& OperatorTable() const;
     bool Distinct() const { return GetDistinct(); }
     const std::string& LastTableName() const { return FLastTableName; }
     const std::string& LastTableAlias() const { return FLastTableAlias; }
@@ -266,8 +270,11 @@ private:
     TVdOrderByItems FOrderByItems;
     TVdGroupByItems FGroupByItems;
     mutable std::unique_ptr<TVdCriterions> FHavingItems;
+    // The parser's own lists; while it has none of its own, it reads a shared one.
     mutable std::unique_ptr<TVdWordList> FAggregates;
     mutable std::unique_ptr<TVdOperators> FOperators;
+    mutable std::shared_ptr<const TVdWordList> FSharedAggregates;
+    mutable std::shared_ptr<const TVdOperators> FSharedOperators;
     bool FDistinct = false;
     TVdScriptFormat FScriptFormat;
     int FNesting = 0;

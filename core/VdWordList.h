@@ -31,6 +31,13 @@ public:
         return MayHold(word) ? Lookup(word) : -1;
     }
     bool Contains(std::string_view word) const { return IndexOf(word) >= 0; }
+    // Builds the lookup index now rather than at the first lookup: a list read from several
+    // threads at once must be prepared before it is shared.
+    void PrepareLookups() const
+    {
+        if (!FIndexValid)
+            BuildIndex();
+    }
 
     int Count() const { return int(FItems.size()); }
     const std::string& operator[](int i) const { return FItems[size_t(i)]; }
