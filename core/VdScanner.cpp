@@ -590,7 +590,7 @@ void TVdSQLScanner::MergeWordLists()
 }
 
 // ClassifyWord with this class's own tests, called without virtual dispatch.
-TTokenKind TVdSQLScanner::ClassifyOwnWord(const std::string& word, std::uint8_t flags) const
+TTokenKind TVdSQLScanner::ClassifyOwnWord(std::string_view word, std::uint8_t flags) const
 {
     if (word.empty())
         return tkEnd;
@@ -598,10 +598,22 @@ TTokenKind TVdSQLScanner::ClassifyOwnWord(const std::string& word, std::uint8_t 
         return tkFunction;
     if (flags & wfKeyword)
         return tkKeyword;
-    if (TVdSQLScanner::IsInteger(word))
+    const auto all = [this](std::string_view s, std::uint16_t cls) {
+        for (char ch : s)
+            if (!Has(ch, cls))
+                return false;
+        return true;
+    };
+    // IsInteger, IsIdentifier and ProcessIdent of this class, read from the class table.
+    if (all(word, ccDigit))
         return tkInteger;
-    if (TVdSQLScanner::IsIdentifier(word) ||
-        TVdSQLScanner::IsIdentifier(TVdSQLScanner::ProcessIdent(word)))
+    const auto identifier = [this, &all](std::string_view s) {
+        return !s.empty() && Has(s[0], ccAlpha) && all(s.substr(1), ccLegal);
+    };
+    if (identifier(word))
+        return tkIdent;
+    if (word.size() > 1 && Has(word.front(), ccIdentQuote) && Has(word.back(), ccIdentQuote) &&
+        identifier(word.substr(1, word.size() - 2)))
         return tkIdent;
     return tkUnknown;
 }

@@ -249,7 +249,7 @@ private:
         return i < 0 ? 0 : FMergedFlags[size_t(i)];
     }
     void MergeWordLists();
-    TTokenKind ClassifyOwnWord(const std::string& word, std::uint8_t flags) const;
+    TTokenKind ClassifyOwnWord(std::string_view word, std::uint8_t flags) const;
     bool Closes(char c, const std::string& result) const;
     void RaiseUnterminated() const;
 

@@ -127,16 +127,11 @@ TVdOperators& TVdSelectParser::Operators() const
     return *FOperators;
 }
 
-const TVdOperators& TVdSelectParser::OperatorTable() const
+const TVdOperators& TVdSelectParser::ShareOperators() const
 {
-    if (FOperators)
-        return *FOperators;
-    if (!FSharedOperators) {
-        FOperators = std::make_unique<TVdOperators>();
-        const_cast<TVdSelectParser*>(this)->DefineOperators();
-        FSharedOperators =
-            TVdSharedTables<TVdOperators>::Share(std::move(FOperators), SameOperators);
-    }
+    FOperators = std::make_unique<TVdOperators>();
+    const_cast<TVdSelectParser*>(this)->DefineOperators();
+    FSharedOperators = TVdSharedTables<TVdOperators>::Share(std::move(FOperators), SameOperators);
     return *FSharedOperators;
 }
 

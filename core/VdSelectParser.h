@@ -121,7 +121,13 @@ public:
     TVdOperators& Operators() const;
     // The operators as parsing and printing read them: the parser's own table once it has one,
     // until then the table DefineOperators builds, shared with every parser that built the same.
-    const TVdOperators& OperatorTable() const;
+    // Inline: conditions ask for every word they read.
+    const TVdOperators& OperatorTable() const
+    {
+        if (FOperators)
+            return *FOperators;
+        return FSharedOperators ? *FSharedOperators : ShareOperators();
+    }
     bool Distinct() const { return GetDistinct(); }
     const std::string& LastTableName() const { return FLastTableName; }
     const std::string& LastTableAlias() const { return FLastTableAlias; }
@@ -275,6 +281,7 @@ private:
     mutable std::unique_ptr<TVdOperators> FOperators;
     mutable std::shared_ptr<const TVdWordList> FSharedAggregates;
     mutable std::shared_ptr<const TVdOperators> FSharedOperators;
+    const TVdOperators& ShareOperators() const;
     bool FDistinct = false;
     TVdScriptFormat FScriptFormat;
     int FNesting = 0;
