@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/VdObjectPool.h"
+
 #include <functional>
 #include <memory>
 #include <string>
@@ -19,6 +21,8 @@ class TVdTableDefs;
 class TVdCollectionItem
 {
 public:
+    VD_POOLED_OBJECT
+
     TVdCollectionItem();
     virtual ~TVdCollectionItem();
     TVdCollectionItem(const TVdCollectionItem&) = delete;
@@ -68,6 +72,8 @@ inline constexpr bool IsStatelessItemMaker =
 class TVdCollection
 {
 public:
+    VD_POOLED_OBJECT
+
     using TItemFactory = std::function<std::unique_ptr<TVdCollectionItem>()>;
     // A factory without state: kept as a plain pointer, so a collection costs no std::function
     // (a statement holds dozens of lists).

@@ -5,6 +5,7 @@
 // smallest criteria tree that means the same.
 
 #include "core/VdCriteria.h"
+#include "core/VdObjectPool.h"
 #include "core/VdScanner.h"
 
 #include <cstdint>
@@ -18,6 +19,8 @@ class TVdSelectParser;
 enum TVdConditionKind : std::uint8_t { cnComparison, cnAnd, cnOr, cnNot, cnParenthesis };
 
 struct TVdConditionNode {
+    VD_POOLED_OBJECT
+
     TVdConditionKind Kind = cnComparison;
     // A comparison's criterion, not yet in any list.
     std::unique_ptr<TVdCriterion> Criterion;
