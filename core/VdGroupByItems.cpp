@@ -217,6 +217,9 @@ private:
     size_t FCount = 0;
 };
 
+// At most this many items to look up are compared with each field rather than indexed.
+constexpr size_t FewUnnamed = 4;
+
 // The derived fields under every spelling a GROUP BY item may name them by. A statement
 // groups by a handful of columns: then the fields are compared with each item in order, no
 // key built. Beyond that the spellings are hashed, so that each kept item is looked up once
@@ -224,9 +227,10 @@ private:
 class TDerivedIndex
 {
 public:
+    // few: only a few items will be looked up, each compared with the fields in order.
     TDerivedIndex(const std::vector<const TVdFieldDef*>& derived,
-                  const std::vector<std::string>& lines)
-        : FDerived(derived), FLines(lines), FHashed(derived.size() > FlatLimit)
+                  const std::vector<std::string>& lines, bool few = false)
+        : FDerived(derived), FLines(lines), FHashed(!few && derived.size() > FlatLimit)
     {
         if (!FHashed) {
             FSizes.reserve(derived.size());
@@ -393,21 +397,21 @@ TVdGroupByItems::MatchKeptLines(const std::vector<std::string>& lines) const
 {
     TLineMatch match;
     match.Covered.assign(lines.size(), false);
+    match.KeptNamed.assign(FKept.size(), false);
     match.AllKeptNamed = true;
     // Few items against few lines are compared directly; more go through a table of the
     // items' texts.
     if (FKept.size() * lines.size() <= 256) {
         std::string script;
-        for (const std::string& item : FKept) {
+        for (size_t i = 0; i < FKept.size(); ++i) {
             script.clear();
-            AppendItemScript(script, item);
-            bool named = false;
+            AppendItemScript(script, FKept[i]);
             for (size_t j = 0; j < lines.size(); ++j)
                 if (lines[j] == script) {
                     match.Covered[j] = true;
-                    named = true;
+                    match.KeptNamed[i] = true;
                 }
-            match.AllKeptNamed = match.AllKeptNamed && named;
+            match.AllKeptNamed = match.AllKeptNamed && match.KeptNamed[i];
         }
         return match;
     }
@@ -420,18 +424,18 @@ TVdGroupByItems::MatchKeptLines(const std::vector<std::string>& lines) const
         hash.AddText(scripts[i]);
         byScript.Add(hash.Value(), int(i));
     }
-    std::vector<bool> named(FKept.size(), false);
     for (size_t j = 0; j < lines.size(); ++j) {
         TKeyHash hash;
         hash.AddText(lines[j]);
         byScript.ForEach(hash.Value(), [&](int i) {
             if (scripts[size_t(i)] == lines[j]) {
                 match.Covered[j] = true;
-                named[size_t(i)] = true;
+                match.KeptNamed[size_t(i)] = true;
             }
         });
     }
-    match.AllKeptNamed = std::find(named.begin(), named.end(), false) == named.end();
+    match.AllKeptNamed =
+        std::find(match.KeptNamed.begin(), match.KeptNamed.end(), false) == match.KeptNamed.end();
     return match;
 }
 
@@ -451,22 +455,30 @@ void TVdGroupByItems::Rebuild(const std::vector<TVdFieldDef*>& fields)
         return;
     }
     std::vector<std::string> lines = DerivedLines(derived);
-    if (MatchKeptLines(lines).AllKeptNamed) {
+    const TLineMatch match = MatchKeptLines(lines);
+    if (match.AllKeptNamed) {
         // Each kept item prints as a derived line, so it names that line's field: none is
         // added.
         FLines = std::move(lines);
         return;
     }
+    // An item that prints as a derived line names it; the others are looked up. When they are
+    // few (a T.* beside the columns it stands for), each is compared with the fields in order
+    // rather than through an index of all of them.
+    const size_t unnamed =
+        size_t(std::count(match.KeptNamed.begin(), match.KeptNamed.end(), false));
     // The items to add are gathered first: the index reads the derived lines in place.
     std::vector<std::string> added;
     {
-        const TDerivedIndex index(derived, lines);
+        const TDerivedIndex index(derived, lines, unnamed <= FewUnnamed);
         std::string script;
-        for (const std::string& item : FKept) {
+        for (size_t i = 0; i < FKept.size(); ++i) {
+            if (match.KeptNamed[i])
+                continue;
             script.clear();
-            AppendItemScript(script, item);
+            AppendItemScript(script, FKept[i]);
             bool named = false;
-            index.ForNamed(item, script, [&named](int) { named = true; });
+            index.ForNamed(FKept[i], script, [&named](int) { named = true; });
             if (!named)
                 added.push_back(script);
         }

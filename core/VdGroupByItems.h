@@ -56,6 +56,8 @@ private:
     struct TLineMatch {
         // Per derived line, whether a kept item prints as it.
         std::vector<bool> Covered;
+        // Per kept item, whether it prints as a derived line.
+        std::vector<bool> KeptNamed;
         // Whether every kept item prints as a derived line.
         bool AllKeptNamed = false;
     };

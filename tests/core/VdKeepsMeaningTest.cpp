@@ -191,6 +191,30 @@ TEST(KeepsMeaningGrouping, ItemsAsPrintedWithOneMoreKeepTheMoreOne)
     }
 }
 
+// Items spelled otherwise than printed are looked up: a few compared with each column in turn,
+// more through the index. Across that line, as with few columns, they name their columns and
+// add nothing, and an item no column has stays.
+TEST(KeepsMeaningGrouping, ItemsSpelledOtherwiseNameTheirColumnsHoweverMany)
+{
+    for (const int count : {6, 20}) {
+        for (int respelled = 0; respelled <= 6; ++respelled) {
+            TColumns columns = Columns(count);
+            columns.Text.insert(std::string("SELECT ").size(), "T.*, ");
+            columns.Printed.insert(std::string("SELECT \r\n").size(), "  \"T\".*,\r\n");
+            for (int i = 0; i < count; ++i) {
+                const std::string lower = "c" + std::to_string(i + 1);
+                const std::string spellings[] = {lower, "T.C" + std::to_string(i + 1),
+                                                 "t.\"" + lower + "\""};
+                columns.Text +=
+                    (i < respelled ? spellings[i % 3] : columns.Lines[size_t(i)]) + ", ";
+            }
+            columns.Text += "ZZ";
+            EXPECT_EQ(Print(columns.Text), columns.Printed + "  \"ZZ\"\r\n")
+                << count << " columns, " << respelled << " spelled otherwise";
+        }
+    }
+}
+
 TEST(KeepsMeaningGrouping, ColumnGroupedByAliasBesideItemsAsPrintedIsAccepted)
 {
     for (const int count : {6, 20}) {
