@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <charconv>
 #include <optional>
 #include <queue>
 #include <string_view>
@@ -628,10 +629,14 @@ std::string TVdTableDefs::GetUniqueAlias(const std::string& name, bool force)
     // Every counter below the hint is known to be taken: start the search behind it.
     const int* hint = FCounterHint.Find(name);
     int counter = hint ? *hint : 0;
+    // Each candidate is written over the last one: no string is made per counter tried.
     std::string result;
+    result.reserve(name.size() + 11);
     do {
         ++counter;
-        result = name + std::to_string(counter);
+        char digits[12];
+        const char* end = std::to_chars(digits, digits + sizeof digits, counter).ptr;
+        result.assign(name).append(digits, size_t(end - digits));
     } while (AliasUsed(result));
     FCounterHint[name] = counter - 1;
     return result;
