@@ -627,7 +627,7 @@ std::string TVdTableDefs::GetUniqueAlias(const std::string& name, bool force)
     if (!force && !AliasUsed(name))
         return name;
     // Every counter below the hint is known to be taken: start the search behind it.
-    const int* hint = FCounterHint.Find(name);
+    int* hint = FCounterHint.Find(name);
     int counter = hint ? *hint : 0;
     // Each candidate is written over the last one: no string is made per counter tried.
     std::string result;
@@ -638,7 +638,11 @@ std::string TVdTableDefs::GetUniqueAlias(const std::string& name, bool force)
         const char* end = std::to_chars(digits, digits + sizeof digits, counter).ptr;
         result.assign(name).append(digits, size_t(end - digits));
     } while (AliasUsed(result));
-    FCounterHint[name] = counter - 1;
+    // The search changed no hint: the one found above is still where it was.
+    if (hint)
+        *hint = counter - 1;
+    else
+        FCounterHint[name] = counter - 1;
     return result;
 }
 
