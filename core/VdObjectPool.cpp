@@ -77,7 +77,8 @@ void* Allocate(std::size_t size)
         return block;
     }
     // The whole class's size: a block kept here may serve any object of its class later.
-    return ::operator new(cls* Granule);
+    const std::size_t classSize = cls * Granule;
+    return ::operator new(classSize);
 }
 
 void Release(void* block, std::size_t size) noexcept
