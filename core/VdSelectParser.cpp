@@ -665,9 +665,20 @@ void TVdSelectParser::CollectNames(bool ordered)
     std::unordered_set<std::string> grouped;
     if (!ordered)
         grouped.insert(FGroupByItems.Lines().begin(), FGroupByItems.Lines().end());
+    // Whether the last part read is the star of T.*.
+    bool starred = false;
     auto flush = [&](TVdOrderKind kind) {
-        if (dotted && name != kept)
+        if (starred) {
+            // T.*: the qualifier is weighed as a name of its own, the star stays bare (in its
+            // printed form it would be quoted, the name of a column called *).
+            name.resize(name.size() - 2);
+            kept.resize(kept.size() - 2);
+            if (name != kept)
+                name = DottedNameText(name, kept);
+            name += ".*";
+        } else if (dotted && name != kept) {
             name = DottedNameText(name, kept);
+        }
         if (ordered) {
             FOrderByItems.AddOrdered(name, kind);
         } else if (grouped.insert(name).second) {
@@ -676,6 +687,7 @@ void TVdSelectParser::CollectNames(bool ordered)
         name.clear();
         kept.clear();
         dotted = false;
+        starred = false;
     };
     TVdSQLScanner::TState itemStart = Scanner().SaveState();
     // Asked at the first position only: the select list does not change here.
@@ -729,6 +741,7 @@ void TVdSelectParser::CollectNames(bool ordered)
             name.clear();
             kept.clear();
             dotted = false;
+            starred = false;
             expectPart = true;
             continue;
         }
@@ -736,6 +749,9 @@ void TVdSelectParser::CollectNames(bool ordered)
         // stands (names unquoted), with the line break after it, it would read as a number.
         if (Kind() == tkInteger && !Scanner().TokenQuoted() && !Scanner().GetQuoteIdentifiers() &&
             EndsWithIntegerPart(Scanner(), name) && !PeekIs("."))
+            return Fail();
+        // A column named * would print as T.*, all columns of T: refused, as in the select list.
+        if (Scanner().TokenQuoted() && Token() == "*")
             return Fail();
         std::string part = NameText();
         if (name.empty() && TVdStringList::IsPosition(part) && !PeekIs(".")) {
@@ -753,6 +769,7 @@ void TVdSelectParser::CollectNames(bool ordered)
             }
         }
         name += part;
+        starred = star;
         // A part without quotes is kept as it reads.
         if (star || !Scanner().TokenQuoted())
             kept += part;

@@ -56,10 +56,18 @@ std::string TVdStringList::ItemScript(const std::string& line) const
 
 void TVdStringList::AppendItemScript(std::string& out, const std::string& line) const
 {
-    if (!FParser || IsPosition(line))
+    if (!FParser || IsPosition(line)) {
         out += line;
-    else
-        script::AppendScannerName(out, FParser->Scanner(), line, line.find('.'));
+        return;
+    }
+    // T.*: the star is no name and is never quoted ("T"."*" names a column called *).
+    if (line.size() > 2 && line.compare(line.size() - 2, 2, ".*") == 0) {
+        const std::string qualifier = line.substr(0, line.size() - 2);
+        script::AppendScannerName(out, FParser->Scanner(), qualifier, qualifier.find('.'));
+        out += ".*";
+        return;
+    }
+    script::AppendScannerName(out, FParser->Scanner(), line, line.find('.'));
 }
 
 std::string TVdStringList::ClauseScript(const char* first, const char* second,

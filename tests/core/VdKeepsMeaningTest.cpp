@@ -261,6 +261,35 @@ TEST(KeepsMeaningGrouping, WrittenGroupByNeedNotNameTheStar)
               "GROUP BY\r\n  \"T\".\"A\",\r\n  \"T\".\"B\"\r\n");
 }
 
+// A T.* written in GROUP BY or ORDER BY prints as the star it is, not as "T"."*" (a column
+// named *); PostgreSQL runs it (PostgreSQLRuns.StarWrittenInGroupByWithNamesQuoted).
+TEST(KeepsMeaningGrouping, StarWrittenInGroupByPrintsAsTheStar)
+{
+    EXPECT_EQ(Print("SELECT T.*, COUNT(*) FROM T GROUP BY T.A, T.*"),
+              "SELECT \r\n  \"T\".*,\r\n  COUNT(*) AS FIELD_1\r\nFROM\r\n  \"T\"\r\n"
+              "GROUP BY\r\n  \"T\".\"A\",\r\n  \"T\".*\r\n");
+    EXPECT_EQ(Print("SELECT \"my t\".*, MAX(B) FROM \"my t\" GROUP BY \"my t\".*"),
+              "SELECT \r\n  \"my t\".*,\r\n  MAX(\"my t\".\"B\") AS FIELD_1\r\nFROM\r\n"
+              "  \"my t\"\r\nGROUP BY\r\n  \"my t\".*\r\n");
+}
+
+TEST(KeepsMeaningGrouping, StarWrittenInOrderByPrintsAsTheStar)
+{
+    EXPECT_EQ(Print("SELECT A FROM T ORDER BY T.* DESC, A"),
+              "SELECT \r\n  \"T\".\"A\"\r\nFROM\r\n  \"T\"\r\nORDER BY\r\n  \"T\".* DESC,\r\n"
+              "  \"A\"\r\n");
+}
+
+// A column named * would print as T.*, the star: refused at its token, as in the select list.
+TEST(KeepsMeaningGrouping, QuotedStarInGroupByOrOrderByIsRefused)
+{
+    const std::string grouped = "SELECT A, COUNT(*) FROM T GROUP BY A, T.\"*\"";
+    // Reported where the quoted text starts, as a quoted token is.
+    EXPECT_EQ(Refusal(grouped), InvalidToken("*", int(grouped.rfind('*')) + 1));
+    const std::string ordered = "SELECT A FROM T ORDER BY \"T\".\"*\"";
+    EXPECT_EQ(Refusal(ordered), InvalidToken("*", int(ordered.rfind('*')) + 1));
+}
+
 TEST(KeepsMeaningGrouping, ColumnBesideAggregatesThatGroupByLeavesOutIsRefused)
 {
     // Printed, the derived list would group by B too and return other rows.

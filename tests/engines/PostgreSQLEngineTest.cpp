@@ -87,6 +87,26 @@ TEST(PostgreSQLRuns, LimitOfTheMySQLDialectWithoutOffset)
     EXPECT_EQ(rows.size(), 2u);
 }
 
+// T.* written in GROUP BY groups by the whole row, and PostgreSQL runs it. With names quoted
+// (the default setting; lower-case names match what the server folded the schema to) the star
+// stays bare: "s"."*" would name a column called *, which PostgreSQL refused.
+TEST(PostgreSQLRuns, StarWrittenInGroupByWithNamesQuoted)
+{
+    ASSERT_TRUE(SuiteDatabaseReady());
+    TFamilyStatement entry;
+    entry.Text = "SELECT s.*, COUNT(*) FROM suppliers s GROUP BY s.id, s.name, s.phone, s.opens, "
+                 "s.rating, s.status, s.active, s.*";
+    vd::TVdSelectParser parser;
+    parser.SetExpression(entry.Text);
+    const std::string printed = parser.GetExpression();
+    EXPECT_NE(printed.find("\"s\".\"active\",\r\n  \"s\".*\r\n"), std::string::npos) << printed;
+    TRows reference, rows;
+    ASSERT_TRUE(Runs(entry, entry.Text, reference));
+    ASSERT_TRUE(Runs(entry, printed, rows));
+    EXPECT_EQ(rows, reference);
+    EXPECT_FALSE(rows.empty());
+}
+
 // GROUP BY is rebuilt from the plain columns of the select list; an expression beside an
 // aggregate is not grouped, which PostgreSQL refuses. Group by the expression's columns
 // (tick them as fields) instead.
