@@ -127,23 +127,38 @@ bool TVdSQLScanner::IsIdentQuote(char c) const { return c == '"' || c == '\''; }
 bool TVdSQLScanner::IsIdentifier(const std::string& s) const
 {
     const_cast<TVdSQLScanner*>(this)->EnsureCharClasses();
-    if (s.empty() || !Has(s[0], ccAlpha))
-        return false;
-    for (size_t i = 1; i < s.size(); ++i)
-        if (!Has(s[i], ccLegal))
-            return false;
-    return true;
+    return OwnIdentifier(s);
 }
 
 bool TVdSQLScanner::IsInteger(const std::string& s) const
 {
     const_cast<TVdSQLScanner*>(this)->EnsureCharClasses();
-    if (s.empty())
-        return false;
+    return OwnInteger(s);
+}
+
+bool TVdSQLScanner::AllHave(std::string_view s, std::uint16_t cls) const
+{
     for (char c : s)
-        if (!Has(c, ccDigit))
+        if (!Has(c, cls))
             return false;
     return true;
+}
+
+bool TVdSQLScanner::OwnIdentifier(std::string_view s) const
+{
+    return !s.empty() && Has(s[0], ccAlpha) && AllHave(s.substr(1), ccLegal);
+}
+
+bool TVdSQLScanner::OwnInteger(std::string_view s) const
+{
+    return !s.empty() && AllHave(s, ccDigit);
+}
+
+std::string_view TVdSQLScanner::OwnUnquotedIdent(std::string_view name) const
+{
+    if (name.size() > 1 && Has(name.front(), ccIdentQuote) && Has(name.back(), ccIdentQuote))
+        return name.substr(1, name.size() - 2);
+    return name;
 }
 
 bool TVdSQLScanner::IsKeyword(const std::string& s) const { return FKeywords.Contains(s); }
@@ -215,12 +230,10 @@ std::string TVdSQLScanner::GetCommaOperations() const { return "+,-,*,/"; }
 
 std::string TVdSQLScanner::ProcessIdent(const std::string& name) const
 {
-    if (name.size() > 1) {
-        const_cast<TVdSQLScanner*>(this)->EnsureCharClasses();
-        if (Has(name.front(), ccIdentQuote) && Has(name.back(), ccIdentQuote))
-            return name.substr(1, name.size() - 2);
-    }
-    return name;
+    if (name.size() < 2)
+        return name;
+    const_cast<TVdSQLScanner*>(this)->EnsureCharClasses();
+    return std::string(OwnUnquotedIdent(name));
 }
 
 void TVdSQLScanner::DefineKeywords()
@@ -598,22 +611,9 @@ TTokenKind TVdSQLScanner::ClassifyOwnWord(std::string_view word, std::uint8_t fl
         return tkFunction;
     if (flags & wfKeyword)
         return tkKeyword;
-    const auto all = [this](std::string_view s, std::uint16_t cls) {
-        for (char ch : s)
-            if (!Has(ch, cls))
-                return false;
-        return true;
-    };
-    // IsInteger, IsIdentifier and ProcessIdent of this class, read from the class table.
-    if (all(word, ccDigit))
+    if (OwnInteger(word))
         return tkInteger;
-    const auto identifier = [this, &all](std::string_view s) {
-        return !s.empty() && Has(s[0], ccAlpha) && all(s.substr(1), ccLegal);
-    };
-    if (identifier(word))
-        return tkIdent;
-    if (word.size() > 1 && Has(word.front(), ccIdentQuote) && Has(word.back(), ccIdentQuote) &&
-        identifier(word.substr(1, word.size() - 2)))
+    if (OwnIdentifier(word) || OwnIdentifier(OwnUnquotedIdent(word)))
         return tkIdent;
     return tkUnknown;
 }

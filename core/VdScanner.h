@@ -250,6 +250,12 @@ private:
     }
     void MergeWordLists();
     TTokenKind ClassifyOwnWord(std::string_view word, std::uint8_t flags) const;
+    // This class's IsIdentifier, IsInteger and ProcessIdent on the class table, which must be
+    // read already; shared by those and by ClassifyOwnWord.
+    bool AllHave(std::string_view s, std::uint16_t cls) const;
+    bool OwnIdentifier(std::string_view s) const;
+    bool OwnInteger(std::string_view s) const;
+    std::string_view OwnUnquotedIdent(std::string_view name) const;
     bool Closes(char c, const std::string& result) const;
     void RaiseUnterminated() const;
 
