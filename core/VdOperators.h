@@ -61,6 +61,12 @@ public:
     }
     bool IsCaptionStart(std::string_view text) const;
     bool IsCaptionStart(const char* text) const { return IsCaptionStart(std::string_view(text)); }
+    // Whether text is a whole caption or begins one with its words: an operator read so far.
+    bool IsCaptionOrStart(std::string_view text) const
+    {
+        bool partial = false;
+        return (FindNearest(text, partial) && !partial) || IsCaptionStart(text);
+    }
 };
 
 } // namespace vd

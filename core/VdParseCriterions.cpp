@@ -194,9 +194,7 @@ bool TVdCriteriaReader::ExtendsOperator(const std::string& pending) const
     if (!text.empty())
         text += ' ';
     text += S.Token();
-    bool partial = false;
-    const TVdOperator* op = P.OperatorTable().FindNearest(text, partial);
-    return (op && !partial) || P.OperatorTable().IsCaptionStart(text);
+    return P.OperatorTable().IsCaptionOrStart(text);
 }
 
 // The operator, read as its words arrive ("IS", "NOT", "NULL"), then its arguments.

@@ -68,9 +68,7 @@ bool TVdExpressionReader::AtStop(int depth) const
         return true;
     // LIKE, IN, BETWEEN, IS are plain words to the scanner: in a condition they end an operand.
     if (Context == TVdExprContext::Condition && (kind == tkIdent || kind == tkKeyword)) {
-        bool partial = false;
-        const TVdOperator* op = P.OperatorTable().FindNearest(S.Token(), partial);
-        return (op && !partial) || P.OperatorTable().IsCaptionStart(S.Token());
+        return P.OperatorTable().IsCaptionOrStart(S.Token());
     }
     return false;
 }
